@@ -1,0 +1,24 @@
+# How this project compiles its own sources: kx_opcoes carries it, and nothing of it reaches those
+# who link the library.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+add_library(kx_opcoes INTERFACE)
+target_compile_options(kx_opcoes INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+
+if(KX_SANITIZADORES)
+  set(sanitizadores -fsanitize=${KX_SANITIZADORES} -fno-sanitize-recover=all)
+  target_compile_options(kx_opcoes INTERFACE ${sanitizadores} -fno-omit-frame-pointer)
+  target_link_options(kx_opcoes INTERFACE ${sanitizadores})
+endif()
+
+if(KX_COBERTURA)
+  target_compile_options(kx_opcoes INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(kx_opcoes INTERFACE --coverage)
+endif()

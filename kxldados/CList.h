@@ -1,0 +1,96 @@
+// Doubly linked list, walked by positions.
+//
+//   for (POSITION p = lista.GetHeadPosition(); p != nullptr;) Usa(lista.GetNext(p));
+//
+// A position is a handle on one element of one list; null stands for none. It stays valid until its
+// element is removed. Positions are not tested. ARG is the type in which elements are passed in.
+#pragma once
+
+#include <cstddef>
+#include <utility>
+
+struct KXNoDeLista {
+  KXNoDeLista* Anterior;
+  KXNoDeLista* Proximo;
+};
+using POSITION = KXNoDeLista*;
+
+template <class T, class ARG = const T&>
+class CList {
+ public:
+  CList() noexcept = default;
+  CList(const CList& outra) : CList() {  // delegates: a failed copy is destroyed
+    for (POSITION p = outra._primeiro; p != nullptr;) AddTail(outra.GetNext(p));
+  }
+  CList(CList&& outra) noexcept { Troca(outra); }
+  CList& operator=(CList outra) noexcept {
+    Troca(outra);
+    return *this;
+  }
+  ~CList() { RemoveAll(); }
+
+  std::ptrdiff_t GetCount() const noexcept { return _quantidade; }
+  bool IsEmpty() const noexcept { return _quantidade == 0; }
+
+  // Both return the position of the new element, and throw std::bad_alloc.
+  POSITION AddHead(ARG valor) { return Liga(nullptr, new No(valor), _primeiro); }
+  POSITION AddTail(ARG valor) { return Liga(_ultimo, new No(valor), nullptr); }
+
+  POSITION GetHeadPosition() const noexcept { return _primeiro; }
+  // The element at the position, which advances; null after the last.
+  T& GetNext(POSITION& posicao) noexcept {
+    T& valor = GetAt(posicao);
+    posicao = posicao->Proximo;
+    return valor;
+  }
+  const T& GetNext(POSITION& posicao) const noexcept {
+    const T& valor = GetAt(posicao);
+    posicao = posicao->Proximo;
+    return valor;
+  }
+  T& GetAt(POSITION posicao) noexcept { return static_cast<No*>(posicao)->Valor; }
+  const T& GetAt(POSITION posicao) const noexcept { return static_cast<No*>(posicao)->Valor; }
+
+  // Position of the first element equal to the value, at `inicio` or after it (from the head when
+  // null); null when there is none.
+  POSITION Find(ARG valor, POSITION inicio = nullptr) const {
+    POSITION p = inicio != nullptr ? inicio : _primeiro;
+    while (p != nullptr && !(GetAt(p) == valor)) p = p->Proximo;
+    return p;
+  }
+
+  void RemoveAt(POSITION posicao) noexcept {
+    (posicao->Anterior != nullptr ? posicao->Anterior->Proximo : _primeiro) = posicao->Proximo;
+    (posicao->Proximo != nullptr ? posicao->Proximo->Anterior : _ultimo) = posicao->Anterior;
+    delete static_cast<No*>(posicao);
+    --_quantidade;
+  }
+  void RemoveAll() noexcept {
+    while (_primeiro != nullptr) RemoveAt(_primeiro);
+  }
+
+ private:
+  struct No : KXNoDeLista {
+    explicit No(ARG valor) : KXNoDeLista{}, Valor(valor) {}
+    T Valor;
+  };
+
+  POSITION Liga(POSITION antes, No* novo, POSITION depois) noexcept {
+    novo->Anterior = antes;
+    novo->Proximo = depois;
+    (antes != nullptr ? antes->Proximo : _primeiro) = novo;
+    (depois != nullptr ? depois->Anterior : _ultimo) = novo;
+    ++_quantidade;
+    return novo;
+  }
+
+  void Troca(CList& outra) noexcept {
+    std::swap(_primeiro, outra._primeiro);
+    std::swap(_ultimo, outra._ultimo);
+    std::swap(_quantidade, outra._quantidade);
+  }
+
+  POSITION _primeiro = nullptr;
+  POSITION _ultimo = nullptr;
+  std::ptrdiff_t _quantidade = 0;
+};

@@ -1,0 +1,88 @@
+// The plain value types that records are made of. All of them are trivially copyable, hold no
+// pointer (KXStringPS apart), mean "none" when every byte is zero, and compare byte for byte.
+// Records cross process boundaries: sizes are fixed, the byte order is little-endian.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <type_traits>
+
+static_assert(sizeof(void*) == 8, "records hold 8-byte pointers: 64-bit targets only");
+static_assert(std::endian::native == std::endian::little, "records are little-endian");
+
+// Money, quantity or rate: the amount multiplied by 10,000 (the currency type of the component
+// object model).
+struct tagCY {
+  std::int64_t int64;
+  bool operator==(const tagCY&) const = default;
+};
+using CY = tagCY;
+
+// Calendar date.
+struct REG_KXDMA {
+  std::uint8_t Dia;  // 1 to 31
+  std::uint8_t Mes;  // 1 to 12
+  std::uint16_t Ano;
+  bool operator==(const REG_KXDMA&) const = default;
+};
+
+// Time of day.
+struct REG_KXHMS {
+  std::uint8_t Hora;     // 0 to 23
+  std::uint8_t Minuto;   // 0 to 59
+  std::uint8_t Segundo;  // 0 to 59
+  std::uint8_t Reserva;
+  bool operator==(const REG_KXHMS&) const = default;
+};
+
+// Date and time of day, UTC.
+struct REG_KXDMAHMSUTC {
+  REG_KXDMA Data;
+  REG_KXHMS Hora;
+  bool operator==(const REG_KXDMAHMSUTC&) const = default;
+};
+
+// Key of a document: the date that opens its series and its number within that date.
+struct REG_KXDMC {
+  REG_KXDMA Data;
+  std::uint32_t Contador;
+  bool operator==(const REG_KXDMC&) const = default;
+};
+
+// Access key of an electronic document, packed; kxldados/ChaveNFe.h converts it from and to its
+// 44 characters.
+struct _KX_NFE_ps {
+  std::uint64_t Partes[3];
+  bool operator==(const _KX_NFE_ps&) const = default;
+};
+
+// Position of a product: its key and up to three items of its grid (size, colour...).
+struct _REG_POSICAO_PRODUTOPS {
+  std::int32_t PonteiroProduto;
+  std::uint16_t PonteiroItemGrade1;
+  std::uint16_t PonteiroItemGrade2;
+  std::uint16_t PonteiroItemGrade3;
+  std::uint8_t Reserva[6];
+  bool operator==(const _REG_POSICAO_PRODUTOPS&) const = default;
+};
+
+// The 32-byte date-and-time value of the freight bill's installments: the date, then zeros.
+struct KXDataHora32 {
+  REG_KXDMA Data;
+  std::uint8_t Reserva[28];
+  bool operator==(const KXDataHora32&) const = default;
+};
+
+// Counted text of a record. Empty: size 0 and null pointer. The record owns the characters; the
+// release function of the record's class frees them.
+struct KXStringPS {
+  std::uint32_t Tamanho;  // characters, the terminating zero included
+  std::uint32_t Reserva;
+  char* Texto;
+};
+
+static_assert(sizeof(CY) == 8 && sizeof(REG_KXDMA) == 4 && sizeof(REG_KXHMS) == 4);
+static_assert(sizeof(REG_KXDMAHMSUTC) == 8 && sizeof(REG_KXDMC) == 8 && sizeof(_KX_NFE_ps) == 24);
+static_assert(sizeof(_REG_POSICAO_PRODUTOPS) == 16 && sizeof(KXStringPS) == 16);
+static_assert(sizeof(KXDataHora32) == 32);
+static_assert(std::is_trivially_copyable_v<KXStringPS>);
