@@ -1,0 +1,21 @@
+// Copy and fill of raw blocks, records and elements of child arrays, that survive bad pointers.
+#pragma once
+
+#include <cstddef>
+
+#include "platform/Exporta.h"
+
+namespace kx {
+
+// Copies n bytes; the blocks may overlap. Returns `destino`. When a memory fault stops the copy it
+// is reported once (kCodigoFalhaBloco, with n as the width and length 0) and null is returned; the
+// destination may be partly written. A null pointer is such a fault, unless n is 0. `fonte` and
+// `linha` name the caller in the report. See CopiaProtegida for the limits of the guard.
+KX_API void* CopiaBloco(void* destino, const void* origem, std::size_t n, const char* fonte,
+                        int linha) noexcept;
+
+// The same for filling n bytes with `valor`.
+KX_API void* PreencheBloco(void* destino, int valor, std::size_t n, const char* fonte,
+                           int linha) noexcept;
+
+}  // namespace kx

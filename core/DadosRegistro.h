@@ -1,0 +1,100 @@
+// Wrappers that make any flat record a base data object with byte-wise semantics.
+//
+//   T_KXDadosRegistro<tagREG_CM_SITUACAO_PS> situacao;
+//   situacao.CopiarDe(&recebido);
+//
+// Equality and emptiness look at every byte of the record, those that no accessor shows included.
+#pragma once
+
+#include <cstring>
+
+#include "core/Bloco.h"
+#include "kxldados/TKXBaseParaDados.h"
+
+// One record, held by value; it owns no memory beyond it.
+template <class REG>
+class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
+ public:
+  T_KXDadosRegistro() noexcept : _Reg{} {}
+  T_KXDadosRegistro(const T_KXDadosRegistro& outro) noexcept = default;
+  T_KXDadosRegistro& operator=(const T_KXDadosRegistro& outro) {
+    Copiar(&outro);
+    return *this;
+  }
+  ~T_KXDadosRegistro() override = default;
+
+  // Igual, and its negation.
+  bool operator==(const T_KXDadosRegistro& outro) const { return Igual(&outro); }
+  bool operator!=(const T_KXDadosRegistro& outro) const { return !Igual(&outro); }
+
+  REG& GetReg() { return _Reg; }
+  const REG& GetReg() const { return _Reg; }
+
+  // Clears the object and fills it from the record; null, or memory that cannot be read, clears.
+  virtual void CopiarDe(const REG* origem) {
+    Limpar();
+    if (origem != nullptr &&
+        kx::CopiaBloco(&_Reg, origem, sizeof(REG), "DadosRegistro", __LINE__) == nullptr) {
+      std::memset(&_Reg, 0, sizeof(REG));
+    }
+  }
+  // Overwrites the whole destination, which must not be null.
+  virtual void CopiarPara(REG* destino) const {
+    kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
+  }
+  virtual void CopiarParaPS(REG* destino) const {
+    kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
+  }
+
+ protected:
+  void OnLimpar() override {
+    std::memset(&_Reg, 0, sizeof(REG));
+    TKXBaseParaDados::OnLimpar();
+  }
+  // An object of another class clears the record.
+  void OnCopiar(const TKXBaseParaDados* origem) override {
+    TKXBaseParaDados::OnCopiar(origem);
+    const auto* outro = dynamic_cast<const T_KXDadosRegistro*>(origem);
+    if (outro == nullptr) {
+      std::memset(&_Reg, 0, sizeof(REG));
+    } else {
+      _Reg = outro->_Reg;
+    }
+  }
+  // False for an object of another class.
+  bool OnIgual(const TKXBaseParaDados* outro) const override {
+    const auto* mesmo = dynamic_cast<const T_KXDadosRegistro*>(outro);
+    return mesmo != nullptr && std::memcmp(&_Reg, &mesmo->_Reg, sizeof(REG)) == 0 &&
+           TKXBaseParaDados::OnIgual(outro);
+  }
+  bool OnEstaVazio() const override {
+    static constexpr REG kVazio{};
+    return TKXBaseParaDados::OnEstaVazio() && std::memcmp(&_Reg, &kVazio, sizeof(REG)) == 0;
+  }
+
+  REG _Reg;
+};
+
+// A record with child arrays: derived classes override the three hooks to replace the copied array
+// pointers by deep copies; by default the hooks do nothing.
+template <class REG>
+class KX_API T_KXDadosRegistroComLista : public T_KXDadosRegistro<REG> {
+ public:
+  void CopiarDe(const REG* origem) override {
+    T_KXDadosRegistro<REG>::CopiarDe(origem);
+    OnCopiarDe();
+  }
+  void CopiarPara(REG* destino) const override {
+    T_KXDadosRegistro<REG>::CopiarPara(destino);
+    OnCopiarPara(destino);
+  }
+  void CopiarParaPS(REG* destino) const override {
+    T_KXDadosRegistro<REG>::CopiarParaPS(destino);
+    OnCopiarParaPS(destino);
+  }
+
+ protected:
+  virtual void OnCopiarDe() {}
+  virtual void OnCopiarPara(REG* /*destino*/) const {}
+  virtual void OnCopiarParaPS(REG* /*destino*/) const {}
+};

@@ -1,0 +1,152 @@
+// The financial objects that documents share: deductions, taxes of an installment, installments,
+// tax titles and the payment condition that holds them. Money is in 1/10,000.
+//
+// Each of the four record classes converts twice: CopiarPara takes nested arrays from array new,
+// CopiarParaPS from the task allocator.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/ClasseDeRegistro.h"
+#include "core/Colecao.h"
+#include "core/Membro.h"
+#include "core/Registros.h"
+#include "core/TKXCMBaseParaDados.h"
+
+#define KX_FONTE "DadosCore"
+
+// A deduction from the base of a tax, over tagREG_IMPOSTO_DEDUCAOPS (280 bytes).
+class KX_API CKXDadosCM_ImpostoDeducao : public TKXCMBaseParaDados {
+  KX_CLASSE_DE_REGISTRO(CKXDadosCM_ImpostoDeducao, TKXCMBaseParaDados, tagREG_IMPOSTO_DEDUCAOPS)
+  KX_CONVERSAO_DIRETA("DadosCore")
+
+#define KX_CLASSE CKXDadosCM_ImpostoDeducao
+#define KX_TABELA "core/tagREG_IMPOSTO_DEDUCAOPS.def"
+#include "core/tabela/Acessores.h"
+};
+
+// A tax of an installment or of a receipt item, over tagREG_ITEM_IMPOSTOPS (64 bytes), with its
+// deductions.
+class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
+  KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemImposto, TKXCMBaseParaDados, tagREG_ITEM_IMPOSTOPS)
+  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_COLECAO(CKXDadosCM_ItemImposto, Deducao, CKXDadosCM_ImpostoDeducao)
+
+#define KX_CLASSE CKXDadosCM_ItemImposto
+#define KX_TABELA "core/tagREG_ITEM_IMPOSTOPS.def"
+#include "core/tabela/Acessores.h"
+
+  const CKXDadosCM_ItemImposto& CopiarParaPS(tagREG_ITEM_IMPOSTOPS* destino) const;
+
+ protected:
+  template <class V>
+  static void Partes(V&& v) {
+    v.Lista(&Esta::_ListaDeducao, &Registro::ListaDeducao, &Registro::QtdDeducao);
+  }
+};
+
+// An installment. Its fields are stored as tagREG_FATURA_ENTRADAPS (248 bytes), the record of the
+// goods receipt, which carries them all; the other three carry what fits:
+//   tagREG_FATURA_CONHECIMENTOPS (144 bytes, freight bill)   all of them
+//   tagREG_FATURA_COMPRAPS        (24 bytes, purchase order) no document number, no net value, no
+//   tagREG_COTACAOITEMFATURAPS    (24 bytes, quotation)      taxes
+// Bytes of these three that have no field here are kept as they came, and written back when the
+// object is converted into the same kind of record.
+//
+// The releases free the array of taxes of the record they are given, and not the deduction arrays
+// inside its elements: a caller that owns those releases them first, element by element, with
+// CKXDadosCM_ItemImposto's releases. (A document's own release walks everything.)
+class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
+  KX_CLASSE_DE_REGISTRO(CKXDadosCM_Parcela, TKXCMBaseParaDados, tagREG_FATURA_ENTRADAPS)
+  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_COLECAO(CKXDadosCM_Parcela, ItemImposto, CKXDadosCM_ItemImposto)
+
+#define KX_CLASSE CKXDadosCM_Parcela
+#define KX_TABELA "core/tagREG_FATURA_ENTRADAPS.def"
+#include "core/tabela/Acessores.h"
+
+  CKXDadosCM_Parcela& CopiarDe(const tagREG_FATURA_CONHECIMENTOPS* origem);
+  CKXDadosCM_Parcela& CopiarDe(const tagREG_FATURA_COMPRAPS* origem);
+  CKXDadosCM_Parcela& CopiarDe(const tagREG_COTACAOITEMFATURAPS* origem);
+
+  const CKXDadosCM_Parcela& CopiarPara(tagREG_FATURA_CONHECIMENTOPS* destino) const;
+  const CKXDadosCM_Parcela& CopiarPara(tagREG_FATURA_COMPRAPS* destino) const;
+  const CKXDadosCM_Parcela& CopiarPara(tagREG_COTACAOITEMFATURAPS* destino) const;
+
+  const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_ENTRADAPS* destino) const;
+  const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_CONHECIMENTOPS* destino) const;
+  const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_COMPRAPS* destino) const;
+  const CKXDadosCM_Parcela& CopiarParaPS(tagREG_COTACAOITEMFATURAPS* destino) const;
+
+  static void ZerarDelete(tagREG_FATURA_CONHECIMENTOPS* registro);
+  static void ZerarGlobalAlloc(tagREG_FATURA_CONHECIMENTOPS* registro);
+
+ protected:
+  // The checksum of the due date, NumeroDias, Valor, ValorLiquido, the characters of
+  // NumeroDocumento, PonteiroTipoVencimento, PonteiroFormaPagamento and ValorDigitado, in this
+  // order. It always starts from 0, whatever is passed in.
+  unsigned long OnCalculaCRC(unsigned long* anterior) const override;
+
+  template <class V>
+  static void Partes(V&& v) {
+    v.Lista(&Esta::_ListaItemImposto, &Registro::ListaItemImposto, &Registro::QtdItemImposto);
+    v.NaoComparado(&Esta::_Bruto);
+  }
+
+ private:
+  enum class Origem : std::uint8_t { Nenhuma, Conhecimento, Compra, Cotacao };
+
+  // The last record read of another kind than the stored one, without its pointers.
+  struct Bruto {
+    std::array<unsigned char, 144> Bytes;
+    Origem De;
+    bool operator==(const Bruto&) const = default;
+  };
+
+  template <class REG>
+  CKXDadosCM_Parcela& Le(const REG* origem, Origem tipo);
+  template <class REG>
+  const CKXDadosCM_Parcela& Escreve(REG* destino, Origem tipo, kx::Alocador alocador) const;
+
+  Bruto _Bruto{};
+};
+
+// A tax to be paid to its collector, over tagREG_TITULO_IMPOSTOPS (648 bytes).
+class KX_API CKXDadosCM_TituloImposto : public TKXCMBaseParaDados {
+  KX_CLASSE_DE_REGISTRO(CKXDadosCM_TituloImposto, TKXCMBaseParaDados, tagREG_TITULO_IMPOSTOPS)
+  KX_CONVERSAO_DIRETA("DadosCore")
+
+#define KX_CLASSE CKXDadosCM_TituloImposto
+#define KX_TABELA "core/tagREG_TITULO_IMPOSTOPS.def"
+#include "core/tabela/Acessores.h"
+};
+
+// How a document is paid: the condition chosen, the first due date, the installments and the tax
+// titles. It has no record of its own: each document carries its parts in its record. Equality
+// compares all of it.
+class KX_API CKXDadosCM_CondicaoPagamento : public TKXCMBaseParaDados {
+  KX_CLASSE_SEM_REGISTRO(CKXDadosCM_CondicaoPagamento, TKXCMBaseParaDados)
+  KX_MEMBRO(CKXDadosCM_CondicaoPagamento, std::uint32_t, PonteiroTipoPeriodo)
+  KX_MEMBRO(CKXDadosCM_CondicaoPagamento, REG_KXDMA, DataPrimeiroVencimento)
+  KX_MEMBRO(CKXDadosCM_CondicaoPagamento, std::uint16_t, PonteiroTipoCobranca)
+  KX_MEMBRO(CKXDadosCM_CondicaoPagamento, std::uint16_t, PonteiroCondicaoPagamento)
+  KX_COLECAO(CKXDadosCM_CondicaoPagamento, Parcela, CKXDadosCM_Parcela)
+  KX_COLECAO(CKXDadosCM_CondicaoPagamento, TituloImposto, CKXDadosCM_TituloImposto)
+
+  // The installment count, which is always that of the collection.
+  long long GetNumeroParcelas() const { return GetQuantidadeParcela(); }
+
+ protected:
+  template <class V>
+  static void Partes(V&& v) {
+    v.Local(&Esta::_PonteiroTipoPeriodo);
+    v.Local(&Esta::_DataPrimeiroVencimento);
+    v.Local(&Esta::_PonteiroTipoCobranca);
+    v.Local(&Esta::_PonteiroCondicaoPagamento);
+    v.Local(&Esta::_ListaParcela);
+    v.Local(&Esta::_ListaTituloImposto);
+  }
+};
+
+#undef KX_FONTE

@@ -1,0 +1,24 @@
+// Equality of two records of one type: the fields that their table numbers.
+//
+// Records that are the same byte for byte need no closer look; only when they differ are their
+// fields looked at one by one.
+#pragma once
+
+#include <cstring>
+
+#include "core/Metadados.h"
+#include "platform/Exporta.h"
+
+namespace kx {
+
+// True when every compared field of the two records is equal: texts up to their terminator, history
+// complements by their first three lines, everything else byte for byte. The records must be of the
+// type described. Throws std::bad_alloc.
+KX_API bool CamposIguais(const KXRegistroInfo& info, const void* a, const void* b);
+
+template <class REG>
+bool RegistrosIguais(const REG& a, const REG& b) {
+  return std::memcmp(&a, &b, sizeof(REG)) == 0 || CamposIguais(KXMetadados<REG>::kInfo, &a, &b);
+}
+
+}  // namespace kx

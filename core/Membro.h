@@ -1,0 +1,18 @@
+// A field that lives in the object and not in its record:
+//   KX_MEMBRO(Classe, T, Nome) declares const T& GetNome() const, T& GetNome(),
+//   Classe& SetNome(const T&) and the member _Nome, initially zero or empty.
+#pragma once
+
+#define KX_MEMBRO(Classe, T, Nome)               \
+ public:                                         \
+  const T& Get##Nome() const { return _##Nome; } \
+  T& Get##Nome() { return _##Nome; }             \
+  Classe& Set##Nome(const T& valor) {            \
+    _##Nome = valor;                             \
+    return *this;                                \
+  }                                              \
+                                                 \
+ protected:                                      \
+  T _##Nome{};                                   \
+                                                 \
+ public:

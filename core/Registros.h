@@ -1,0 +1,34 @@
+// The flat records that all documents share: their structs, each with the proof of its layout, and
+// their metadata (KXMetadados<record>). The fields, with offsets and meanings, are the rows of the
+// tables; money is in 1/10,000. Elements of a child array stand before the record that owns it.
+#pragma once
+
+#include "kxldados/Tipos.h"
+
+// Answer of the server about a document.
+#define KX_TABELA "core/tagREG_CM_SITUACAO_PS.def"
+#include "core/tabela/Registro.h"
+
+// Apportionment and withholding.
+#define KX_TABELA "core/tagREG_GERENCIALPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_PROCESSO_JURIDICOPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
+#include "core/tabela/Registro.h"
+
+// Taxes, and the installments that hold them.
+#define KX_TABELA "core/tagREG_IMPOSTO_DEDUCAOPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_ITEM_IMPOSTOPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_COTACAOITEMFATURAPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_FATURA_COMPRAPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_FATURA_CONHECIMENTOPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_FATURA_ENTRADAPS.def"
+#include "core/tabela/Registro.h"
+#define KX_TABELA "core/tagREG_TITULO_IMPOSTOPS.def"
+#include "core/tabela/Registro.h"
