@@ -1,0 +1,113 @@
+#include "oc/DadosOC.h"
+
+#include "core/Motor.h"
+
+namespace {
+
+constexpr const char* kFonte = "DadosOC";
+
+CKXDadosCM_RateioOrdemCompra ConteudoComercial(const CKXDadosCM_RateioOrdemCompra& rateio) {
+  CKXDadosCM_RateioOrdemCompra conteudo;
+  conteudo.SetQuantidade(rateio.GetQuantidade())
+      .SetValor(rateio.GetValor())
+      .SetPonteiroClassificacao(rateio.GetPonteiroClassificacao())
+      .SetListaGerencial(rateio.GetListaGerencial());
+  return conteudo;
+}
+
+CKXDadosCM_ItemOrdemCompra ConteudoComercial(const CKXDadosCM_ItemOrdemCompra& item) {
+  CKXDadosCM_ItemOrdemCompra conteudo;
+  conteudo.SetPonteiroTabelaPreco(item.GetPonteiroTabelaPreco())
+      .SetPonteiroProdutoServico(item.GetPonteiroProdutoServico())
+      .SetPonteiroItemGrade1(item.GetPonteiroItemGrade1())
+      .SetPonteiroItemGrade2(item.GetPonteiroItemGrade2())
+      .SetPonteiroItemGrade3(item.GetPonteiroItemGrade3())
+      .SetQuantidade(item.GetQuantidade())
+      .SetValorUnitarioV8(item.GetValorUnitarioV8())
+      .SetDescontoUnitarioV8(item.GetDescontoUnitarioV8())
+      .SetValorDescontoTotalItem(item.GetValorDescontoTotalItem())
+      .SetValorIPI(item.GetValorIPI());
+  if (item.GetPonteiroProdutoServico() == 0) conteudo.SetComplemento(item.GetComplemento());
+  for (const CKXDadosCM_RateioOrdemCompra& rateio : item.GetListaRateio()) {
+    conteudo.AdicionaRateio(ConteudoComercial(rateio));
+  }
+  return conteudo;
+}
+
+}  // namespace
+
+KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados)
+KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CancelamentoOrdemCompra, kx::Alocador::Delete, kFonte)
+KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CancelamentoOrdemCompra)
+
+KX_IMPLEMENTA_REGISTRO(CKXDadosCM_OrdemCompra, TKXCMBaseParaDados)
+KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_OrdemCompra)
+
+CKXDadosCM_OrdemCompra& CKXDadosCM_OrdemCompra::CopiarDe(const Registro* origem) {
+  Base::OnLimpar();
+  if (!kx::Motor::Le(*this, origem, kFonte, __LINE__)) return *this;
+  _CondicaoPagamento.SetPonteiroTipoPeriodo(_Reg.PonteiroTipoPeriodo);
+  _CondicaoPagamento.SetDataPrimeiroVencimento(_Reg.DataPrimeiroVencimento);
+  _CondicaoPagamento.SetPonteiroCondicaoPagamento(_Reg.PonteiroCondicaoPagamento);
+  kx::LeLista(_CondicaoPagamento.GetListaParcela(), origem->ListaParcela, origem->QtdParcela);
+  return *this;
+}
+
+const CKXDadosCM_OrdemCompra& CKXDadosCM_OrdemCompra::CopiarPara(Registro* destino) const {
+  if (!kx::Motor::Escreve(*this, destino, kx::Alocador::Delete, kFonte, __LINE__)) return *this;
+  kx::EscreveLista(_CondicaoPagamento.GetListaParcela(), destino->ListaParcela, destino->QtdParcela,
+                   kx::Alocador::Delete);
+  destino->PonteiroTipoPeriodo = _CondicaoPagamento.GetPonteiroTipoPeriodo();
+  destino->DataPrimeiroVencimento = _CondicaoPagamento.GetDataPrimeiroVencimento();
+  destino->PonteiroCondicaoPagamento = _CondicaoPagamento.GetPonteiroCondicaoPagamento();
+  return *this;
+}
+
+REG_KXDMA CKXDadosCM_OrdemCompra::GetDataEmissaoOuCompetencia() const {
+  return GetDataEmissaoOuCompetencia(_Reg.RegDataEmissao, _Reg.RegDataCompetencia);
+}
+
+REG_KXDMA CKXDadosCM_OrdemCompra::GetDataEmissaoOuCompetencia(const tagREG_ORDEM_LIGHTPS& ordem) {
+  return GetDataEmissaoOuCompetencia(ordem.RegDataEmissao, ordem.RegDataCompetencia);
+}
+
+REG_KXDMA CKXDadosCM_OrdemCompra::GetDataEmissaoOuCompetencia(const REG_KXDMA& emissao,
+                                                              const REG_KXDMA& competencia) {
+  return competencia != REG_KXDMA{} ? competencia : emissao;
+}
+
+bool CKXDadosCM_OrdemCompra::Igual(const CKXDadosCM_OrdemCompra& outra, int semFornecedor,
+                                   int comCondicao) const {
+  const bool comparaCondicao = semFornecedor == 0 || comCondicao != 0;
+  if (comparaCondicao && _CondicaoPagamento != outra._CondicaoPagamento) return false;
+  if (_ListaItem.size() != outra._ListaItem.size()) return false;
+  const bool comFornecedor = semFornecedor == 0;
+  return ConteudoComercial(comFornecedor) == outra.ConteudoComercial(comFornecedor);
+}
+
+CKXDadosCM_OrdemCompra CKXDadosCM_OrdemCompra::ConteudoComercial(bool comFornecedor) const {
+  CKXDadosCM_OrdemCompra conteudo;
+  conteudo.SetRegDataCompetencia(_Reg.RegDataCompetencia)
+      .SetRegDataNecessidade(_Reg.RegDataNecessidade)
+      .SetMoeda(GetMoeda())
+      .SetRegDataEntrega(_Reg.RegDataEntrega)
+      .SetValorDescontoTotalProdutos(_Reg.ValorDescontoTotalProdutos)
+      .SetValorDescontoTotalServicos(_Reg.ValorDescontoTotalServicos)
+      .SetValorTotalIPI(_Reg.ValorTotalIPI)
+      .SetValorTotalICMS(_Reg.ValorTotalICMS)
+      .SetValorTotalICMSST(_Reg.ValorTotalICMSST)
+      .SetValorDescontoNaNota(_Reg.ValorDescontoNaNota)
+      .SetValorTotalOrdemCompra(_Reg.ValorTotalOrdemCompra)
+      .SetValorFrete(_Reg.ValorFrete)
+      .SetValorSeguro(_Reg.ValorSeguro)
+      .SetValorDespesasAcessorias(_Reg.ValorDespesasAcessorias);
+  if (comFornecedor) {
+    conteudo.SetPonteiroFornecedor(_Reg.PonteiroFornecedor)
+        .SetPonteiroDepartamento(_Reg.PonteiroDepartamento)
+        .SetPonteiroComprador(_Reg.PonteiroComprador);
+  }
+  for (const CKXDadosCM_ItemOrdemCompra& item : _ListaItem) {
+    conteudo.AdicionaItem(::ConteudoComercial(item));
+  }
+  return conteudo;
+}
