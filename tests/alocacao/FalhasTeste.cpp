@@ -1,0 +1,110 @@
+// Every allocation of every class's conversions and copies is made to fail in turn: the error
+// propagates, nothing leaks, and both sides stay usable.
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "tests/apoio/ClassesDeRegistro.h"
+#include "tests/apoio/ContaAlocacoes.h"
+#include "tests/apoio/RegistroAleatorio.h"
+
+namespace {
+
+// Runs the action with its first, second, ... allocation failing until it succeeds; `depois` runs
+// after each failure.
+template <class Acao, class Depois>
+void FalhaEmCadaAlocacao(Acao acao, Depois depois) {
+  for (long long n = 1;; ++n) {
+    const long long vivas = apoio::AlocacoesVivas();
+    apoio::FalhaNaAlocacao(n);
+    bool falhou = false;
+    try {
+      acao();
+    } catch (const std::bad_alloc&) {
+      falhou = true;
+    }
+    apoio::FalhaNaAlocacao(0);
+    depois();
+    ASSERT_EQ(apoio::AlocacoesVivas(), vivas) << "allocation " << n;
+    if (!falhou) return;
+  }
+}
+
+template <class Classe>
+class Falhas : public ::testing::Test {};
+TYPED_TEST_SUITE(Falhas, apoio::ClassesDeRegistro);
+
+TYPED_TEST(Falhas, CopiarPara) {
+  using REG = typename TypeParam::Registro;
+  const apoio::RegistroAleatorio<REG> original(21);
+  TypeParam objeto;
+  objeto.CopiarDe(&original.Reg);
+  REG destino{};
+  FalhaEmCadaAlocacao([&] { objeto.CopiarPara(&destino); },
+                      [&] { kx::LiberaRegistro(&destino, kx::Alocador::Tarefa); });
+}
+
+TYPED_TEST(Falhas, CopiarDeECopia) {
+  using REG = typename TypeParam::Registro;
+  const apoio::RegistroAleatorio<REG> original(22);
+  TypeParam inteiro;
+  inteiro.CopiarDe(&original.Reg);
+  const auto tenta = [&](auto acao) {
+    FalhaEmCadaAlocacao(
+        [&] {
+          TypeParam objeto;
+          // An object left half-way must still convert, clear and take the whole again.
+          struct Confere {
+            TypeParam& Objeto;
+            ~Confere() {
+              apoio::FalhaNaAlocacao(0);
+              apoio::RegistroEscrito<REG> escrito;
+              Objeto.CopiarPara(&escrito.Reg);
+              Objeto.Limpar();
+              EXPECT_TRUE(Objeto.EstaVazio());
+            }
+          } confere{objeto};
+          acao(objeto);
+        },
+        [] {});
+  };
+  tenta([&](TypeParam& objeto) { objeto.CopiarDe(&original.Reg); });
+  tenta([&](TypeParam& objeto) { objeto = inteiro; });
+  FalhaEmCadaAlocacao([&] { const TypeParam copia(inteiro); }, [] {});
+}
+
+TEST(Alocacoes, EntradaVaziaNaoAloca) {
+  const long long antes = apoio::AlocacoesFeitas();
+  const CKXDadosCM_RERegistroEntrada entrada;
+  const CKXDadosCM_REItemProduto item;
+  EXPECT_EQ(apoio::AlocacoesFeitas(), antes);
+}
+
+TEST(Alocacoes, UmaPorArray) {
+  CKXDadosCM_RERegistroEntrada entrada;
+  CKXDadosCM_REItemProduto item;
+  item.AdicionaTotais(CKXDadosCM_REItemProdutoTotais());
+  for (int i = 0; i < 10; ++i) entrada.AdicionaProduto(item);
+  tagREG_ENTRADAPS registro;
+  long long antes = apoio::AlocacoesFeitas();
+  entrada.CopiarPara(&registro);
+  EXPECT_EQ(apoio::AlocacoesFeitas() - antes, 1 + 10);
+  CKXDadosCM_RERegistroEntrada volta;
+  antes = apoio::AlocacoesFeitas();
+  volta.CopiarDe(&registro);
+  EXPECT_EQ(apoio::AlocacoesFeitas() - antes, 1 + 10);
+  CKXDadosCM_RERegistroEntrada::ZerarGlobalAlloc(&registro);
+}
+
+TEST(Alocacoes, AdicionarMoveOsItensQueJaEstao) {
+  CKXDadosCM_RERegistroEntrada entrada;
+  CKXDadosCM_REItemProduto item;
+  item.AdicionaRateio(CKXDadosCM_RERateioProduto());
+  entrada.GetListaProduto().reserve(1);
+  entrada.AdicionaProduto(item);
+  const CKXDadosCM_RERateioProduto* rateio = entrada.GetProduto(0).GetPtrRateio(0);
+  entrada.AdicionaProduto(item);
+  EXPECT_EQ(entrada.GetProduto(0).GetPtrRateio(0), rateio);
+}
+
+}  // namespace

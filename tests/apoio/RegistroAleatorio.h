@@ -1,0 +1,172 @@
+// Records of any type with random contents, from their metadata alone: the sweeps over all tables
+// use them. Arrays and texts come from the task allocator.
+#pragma once
+
+#include <cstring>
+#include <random>
+#include <string>
+
+#include "core/Listas.h"
+#include "core/Metadados.h"
+
+namespace apoio {
+
+using Gerador = std::mt19937;
+
+inline unsigned Sorteia(Gerador& gerador, unsigned ate) {
+  return static_cast<unsigned>(gerador() % (ate + 1));
+}
+
+inline std::string TextoAleatorio(Gerador& gerador, std::size_t maximo) {
+  std::string texto(Sorteia(gerador, static_cast<unsigned>(maximo)), '\0');
+  for (char& c : texto) c = static_cast<char>(1 + Sorteia(gerador, 254));
+  return texto;
+}
+
+// The bytes that do not travel.
+inline void ZeraOQueNaoViaja(const KXRegistroInfo& info, unsigned char* bytes) {
+  for (const KXCampo& campo : info.Campos) {
+    if (campo.Papel == KXPapel::Zero) std::memset(bytes + campo.Posicao, 0, campo.Largura);
+  }
+}
+
+inline const KXCampo& CampoDe(const KXRegistroInfo& info, const std::string& nome) {
+  for (const KXCampo& campo : info.Campos) {
+    if (nome == campo.Nome) return campo;
+  }
+  throw std::out_of_range("sem campo " + nome);
+}
+
+// The row of the count that belongs to a list row.
+inline const KXCampo& ContaDe(const KXRegistroInfo& info, const KXCampo& lista) {
+  return CampoDe(info, std::string("Qtd") + (lista.Nome + std::strlen("Lista")));
+}
+
+inline const KXCampo& TamanhoDe(const KXRegistroInfo& info, const KXCampo& corrido) {
+  return CampoDe(info, std::string("Tamanho") + (corrido.Nome + std::strlen("Texto")));
+}
+
+inline bool EhTextoFixo(const KXCampo& campo) {
+  return campo.Tipo == KXTipoCampo::Texto || campo.Tipo == KXTipoCampo::Historico;
+}
+
+inline void PreencheTexto(Gerador& gerador, KXStringPS& destino) {
+  const std::string texto = TextoAleatorio(gerador, 40);
+  kx::EscreveTexto(CString(std::string_view(texto)), &destino, kx::Alocador::Tarefa,
+                   kx::kSemLimite);
+}
+
+// Fills every byte of the record, and up to `filhos` elements in every child array.
+inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registro,
+                     unsigned filhos) {
+  auto* bytes = static_cast<unsigned char*>(registro);
+  for (std::uint32_t i = 0; i < info.Tamanho; ++i) {
+    bytes[i] = static_cast<unsigned char>(Sorteia(gerador, 255));
+  }
+  for (const KXCampo& campo : info.Campos) {
+    unsigned char* inicio = bytes + campo.Posicao;
+    if (campo.Papel == KXPapel::Bloco) {
+      PreencheTexto(gerador, *reinterpret_cast<KXStringPS*>(inicio));
+    } else if (campo.Papel == KXPapel::Lista) {
+      const auto quantos = static_cast<std::uint16_t>(Sorteia(gerador, filhos));
+      unsigned char* array = nullptr;
+      if (quantos > 0) {
+        array = kx::AlocaArray<unsigned char>(kx::Alocador::Tarefa,
+                                              std::size_t{quantos} * campo.Elemento->Tamanho);
+      }
+      for (std::size_t i = 0; i < quantos; ++i) {
+        Preenche(gerador, *campo.Elemento, array + i * campo.Elemento->Tamanho, filhos);
+      }
+      std::memcpy(inicio, &array, sizeof(array));
+      std::memcpy(bytes + ContaDe(info, campo).Posicao, &quantos, sizeof(quantos));
+    } else if (campo.Papel == KXPapel::Corrido) {
+      const std::string texto = TextoAleatorio(gerador, 40);
+      kx::EscreveTexto(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
+                       *reinterpret_cast<std::uint16_t*>(bytes + TamanhoDe(info, campo).Posicao),
+                       kx::Alocador::Tarefa);
+    } else if (EhTextoFixo(campo)) {
+      const std::string texto = TextoAleatorio(gerador, campo.Largura - 1U);
+      std::memset(inicio, 0, campo.Largura);
+      std::memcpy(inicio, texto.data(), texto.size());
+    }
+  }
+  ZeraOQueNaoViaja(info, bytes);
+}
+
+// Where two records, their arrays and texts differ first; empty when they are the same byte for
+// byte, pointers aside.
+inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const void* b) {
+  const auto* bytesA = static_cast<const unsigned char*>(a);
+  const auto* bytesB = static_cast<const unsigned char*>(b);
+  for (const KXCampo& campo : info.Campos) {
+    const unsigned char* campoA = bytesA + campo.Posicao;
+    const unsigned char* campoB = bytesB + campo.Posicao;
+    const std::string onde = std::string(info.Nome) + "." + campo.Nome;
+    if (campo.Papel == KXPapel::Lista) {
+      std::uint16_t quantos = 0;
+      std::memcpy(&quantos, bytesA + ContaDe(info, campo).Posicao, sizeof(quantos));
+      const unsigned char* arrayA = nullptr;
+      const unsigned char* arrayB = nullptr;
+      std::memcpy(&arrayA, campoA, sizeof(arrayA));
+      std::memcpy(&arrayB, campoB, sizeof(arrayB));
+      if ((arrayA == nullptr) != (arrayB == nullptr)) return onde;
+      for (std::size_t i = 0; i < quantos; ++i) {
+        const std::size_t posicao = i * campo.Elemento->Tamanho;
+        const std::string dentro = Diferenca(*campo.Elemento, arrayA + posicao, arrayB + posicao);
+        if (!dentro.empty()) return onde + " / " + dentro;
+      }
+    } else if (campo.Papel == KXPapel::Bloco) {
+      const auto& textoA = *reinterpret_cast<const KXStringPS*>(campoA);
+      const auto& textoB = *reinterpret_cast<const KXStringPS*>(campoB);
+      if (textoA.Tamanho != textoB.Tamanho ||
+          (textoA.Texto == nullptr) != (textoB.Texto == nullptr) ||
+          (textoA.Texto != nullptr &&
+           std::memcmp(textoA.Texto, textoB.Texto, textoA.Tamanho) != 0)) {
+        return onde;
+      }
+    } else if (campo.Papel == KXPapel::Corrido) {
+      const char* textoA = *reinterpret_cast<char* const*>(campoA);
+      const char* textoB = *reinterpret_cast<char* const*>(campoB);
+      if ((textoA == nullptr) != (textoB == nullptr) ||
+          (textoA != nullptr && std::strcmp(textoA, textoB) != 0)) {
+        return onde;
+      }
+    } else if (std::memcmp(campoA, campoB, campo.Largura) != 0) {
+      return onde;
+    }
+  }
+  return {};
+}
+
+// A record with random contents that releases what it owns.
+template <class REG>
+class RegistroAleatorio {
+ public:
+  explicit RegistroAleatorio(unsigned semente, unsigned filhos = 3) {
+    Gerador gerador(semente);
+    Preenche(gerador, KXMetadados<REG>::kInfo, &Reg, filhos);
+    // Cancellations are received and never sent: a record with them does not come back the same.
+    if constexpr (requires { Reg.ListaCancelamento; }) {
+      kx::Liberador{kx::Alocador::Tarefa}.Lista(Reg.ListaCancelamento, Reg.QtdCancelamento);
+    }
+  }
+  RegistroAleatorio(const RegistroAleatorio&) = delete;
+  RegistroAleatorio& operator=(const RegistroAleatorio&) = delete;
+  ~RegistroAleatorio() { kx::LiberaRegistro(&Reg, kx::Alocador::Tarefa); }
+
+  REG Reg;
+};
+
+// A record that a conversion fills; it releases what it owns.
+template <class REG>
+class RegistroEscrito {
+ public:
+  RegistroEscrito() { std::memset(&Reg, 0xAB, sizeof(Reg)); }
+  RegistroEscrito(const RegistroEscrito&) = delete;
+  RegistroEscrito& operator=(const RegistroEscrito&) = delete;
+  ~RegistroEscrito() { kx::LiberaRegistro(&Reg, kx::Alocador::Tarefa); }
+
+  REG Reg;
+};
+
+}  // namespace apoio

@@ -1,0 +1,17 @@
+#include "tests/mensagens/KXMensFalsa.h"
+
+#include <stdexcept>
+
+#define EXPORTA extern "C" __attribute__((visibility("default")))
+
+EXPORTA KXMensEstado KXMensFalsaEstado;
+KXMensEstado KXMensFalsaEstado;
+
+EXPORTA void KXTrataErroExported(std::int32_t codigo, std::int32_t largura, std::int32_t tamanho,
+                                 const char* texto, const char* fonte, std::int32_t linha,
+                                 bool sinal, void* reservado, const char* modulo, void* opcional) {
+  const bool nulos = reservado == nullptr && opcional == nullptr;
+  KXMensFalsaEstado.Relatos.push_back(
+      {codigo, largura, tamanho, texto, fonte, linha, sinal, nulos, modulo});
+  if (KXMensFalsaEstado.Lanca) throw std::runtime_error("KXMens");
+}

@@ -1,0 +1,42 @@
+// The message library of the tests: it keeps the reports that it receives.
+#pragma once
+
+#include <dlfcn.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct KXMensRelato {
+  std::int32_t codigo, largura, tamanho;
+  std::string texto, fonte;
+  std::int32_t linha;
+  bool sinal;
+  bool ponteirosNulos;  // the two pointers that carry nothing
+  std::string modulo;
+};
+
+struct KXMensEstado {
+  std::vector<KXMensRelato> Relatos;
+  bool Lanca = false;  // the entry throws after it has kept the report
+};
+
+// Keeps the message library loaded, so that its reports outlive each load and unload.
+class Mensagens {
+ public:
+  Mensagens() : _biblioteca(dlopen("libKXMens.so", RTLD_NOW | RTLD_LOCAL)) {}
+  Mensagens(const Mensagens&) = delete;
+  Mensagens& operator=(const Mensagens&) = delete;
+  ~Mensagens() {
+    if (_biblioteca != nullptr) dlclose(_biblioteca);
+  }
+
+  bool Carregada() const { return _biblioteca != nullptr; }
+  KXMensEstado& Estado() const {
+    return *static_cast<KXMensEstado*>(dlsym(_biblioteca, "KXMensFalsaEstado"));
+  }
+  const std::vector<KXMensRelato>& Relatos() const { return Estado().Relatos; }
+
+ private:
+  void* _biblioteca;
+};

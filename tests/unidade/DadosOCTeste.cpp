@@ -1,0 +1,279 @@
+// The purchase order: the rules of the order, its items and what hangs from them.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "oc/DadosOC.h"
+#include "tests/apoio/RegistroAleatorio.h"
+
+namespace {
+
+using Ordem = CKXDadosCM_OrdemCompra;
+using Item = CKXDadosCM_ItemOrdemCompra;
+using Rateio = CKXDadosCM_RateioOrdemCompra;
+using Programacao = CKXDadosCM_ProgramacaoOrdemCompra;
+using Recebimento = CKXDadosCM_RecebimentoOrdemCompra;
+using Totais = CKXDadosCM_ItemTotaisOrdemCompra;
+
+constexpr CY Dinheiro(std::int64_t unidades) { return CY{unidades * 10000}; }
+
+// A product with its children and a free-text item, bought in two installments.
+Ordem OrdemCompleta() {
+  Rateio rateio;
+  rateio.SetValor(Dinheiro(50)).AdicionaGerencial(TKXGerencial().SetPonteiroGerencial(3));
+  Programacao programacao;
+  programacao.AdicionaRecebimento(Recebimento().SetPonteiroRE(11).SetObservacao("parcial"));
+  Item produto;
+  produto.SetPonteiroProdutoServico(7).SetQuantidade(Dinheiro(2)).SetComplemento("azul");
+  produto.AdicionaRateio(rateio).AdicionaProgramacao(programacao).AdicionaTotais(Totais());
+  Ordem ordem;
+  ordem.AdicionaItem(produto).AdicionaItem(Item().SetComplemento("mesa de jantar"));
+  ordem.SetPonteiroFornecedor(9).SetValorTotalProdutos(Dinheiro(100));
+  ordem.GetCondicaoPagamento().AdicionaParcela({}).AdicionaParcela({});
+  return ordem;
+}
+
+TEST(OrdemCompra, CancelamentosSoChegam) {
+  tagREG_CANCELAMENTO_ORDEM_COMPRAPS cancelamentos[2] = {};
+  cancelamentos[1].Valor = Dinheiro(5);
+  std::memset(cancelamentos[1].Reserva_32, 0x5A, sizeof(cancelamentos[1].Reserva_32));
+  tagREG_ORDEMPS recebido{};
+  recebido.QtdCancelamento = 2;
+  recebido.ListaCancelamento = cancelamentos;
+  Ordem ordem;
+  ordem.CopiarDe(&recebido);
+  ASSERT_EQ(ordem.GetQuantidadeCancelamento(), 2);
+  EXPECT_EQ(std::memcmp(&ordem.GetCancelamento(1).GetReg(), &cancelamentos[1], 48), 0);
+  EXPECT_EQ(ordem, Ordem());
+
+  apoio::RegistroEscrito<tagREG_ORDEMPS> escrito;
+  ordem.CopiarPara(&escrito.Reg);
+  const tagREG_ORDEMPS zero{};
+  EXPECT_EQ(std::memcmp(&escrito.Reg, &zero, sizeof(zero)), 0);
+}
+
+TEST(OrdemCompra, CondicaoViajaNosCamposDoRegistro) {
+  Ordem ordem = OrdemCompleta();
+  ordem.AdicionaLogs("linha").SetVinculo(CIEVinculo().SetTipo(3));
+  ordem.GetCondicaoPagamento()
+      .SetPonteiroTipoPeriodo(70000)
+      .SetDataPrimeiroVencimento({1, 2, 2026})
+      .SetPonteiroCondicaoPagamento(5);
+  ordem.GetCondicaoPagamento().GetRefParcela(1).SetValor(Dinheiro(30)).SetNumeroDias(60);
+  apoio::RegistroEscrito<tagREG_ORDEMPS> escrito;
+  ordem.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.PonteiroTipoPeriodo, 70000U);
+  EXPECT_EQ(escrito.Reg.DataPrimeiroVencimento, (REG_KXDMA{1, 2, 2026}));
+  EXPECT_EQ(escrito.Reg.PonteiroCondicaoPagamento, 5);
+  ASSERT_EQ(escrito.Reg.QtdParcela, 2);
+  EXPECT_EQ(escrito.Reg.ListaParcela[1].Valor, Dinheiro(30));
+
+  Ordem volta;
+  volta.CopiarDe(&escrito.Reg);
+  EXPECT_EQ(volta, ordem);
+  EXPECT_EQ(volta.GetCondicaoPagamento().GetNumeroParcelas(), 2);
+  EXPECT_EQ(volta.GetCondicaoPagamento().GetParcela(1).GetNumeroDias(), 60U);
+  EXPECT_EQ(volta.GetQuantidadeLogs(), 0);
+  EXPECT_EQ(volta.GetVinculo(), CIEVinculo());
+  EXPECT_EQ(volta.GetReg().QtdItem, 0);
+  EXPECT_EQ(volta.GetReg().ListaParcela, nullptr);
+}
+
+TEST(OrdemCompra, CompetenciaVemAntesDaEmissao) {
+  constexpr REG_KXDMA kEmissao{1, 2, 2026};
+  constexpr REG_KXDMA kCompetencia{3, 4, 2026};
+  for (const REG_KXDMA& competencia : {REG_KXDMA{}, kCompetencia}) {
+    const REG_KXDMA esperada = competencia == kCompetencia ? kCompetencia : kEmissao;
+    tagREG_ORDEM_LIGHTPS leve{};
+    leve.RegDataEmissao = kEmissao;
+    leve.RegDataCompetencia = competencia;
+    const Ordem ordem = Ordem().SetRegDataEmissao(kEmissao).SetRegDataCompetencia(competencia);
+    EXPECT_EQ(ordem.GetDataEmissaoOuCompetencia(), esperada);
+    EXPECT_EQ(Ordem::GetDataEmissaoOuCompetencia(leve), esperada);
+    EXPECT_EQ(Ordem::GetDataEmissaoOuCompetencia(kEmissao, competencia), esperada);
+  }
+}
+
+// The expected answers are those of Igual(x, 0, 0), (x, 0, 1), (x, 1, 0), (x, 1, 1) and ==, one bit
+// each from the left.
+struct CasoIgual {
+  const char* Nome;
+  void (*Muda)(Ordem&);
+  const char* Esperado;
+};
+
+TEST(OrdemCompra, IgualVeOConteudoComercial) {
+  const CasoIgual casos[] = {
+      {"nada", [](Ordem&) {}, "11111"},
+      {"auditoria",
+       [](Ordem& o) {
+         o.SetRegDataUltimaAlteracao({{1, 1, 2026}, {}}).SetPonteiroUsuarioAlteracao(4);
+         o.SetPonteiroUsuarioInclusao(4).SetStatusAutorizacao(1).SetEmailStatusOCPendente(1);
+       },
+       "11111"},
+      {"fornecedor", [](Ordem& o) { o.SetPonteiroFornecedor(1); }, "00110"},
+      {"departamento", [](Ordem& o) { o.SetPonteiroDepartamento(1); }, "00110"},
+      {"comprador", [](Ordem& o) { o.SetPonteiroComprador(1); }, "00110"},
+      {"condicao", [](Ordem& o) { o.GetCondicaoPagamento().AdicionaParcela({}); }, "00100"},
+      {"total de produtos", [](Ordem& o) { o.SetValorTotalProdutos({}); }, "11110"},
+      {"total de servicos", [](Ordem& o) { o.SetValorTotalServicos({1}); }, "11110"},
+      {"local", [](Ordem& o) { o.SetLocalEntrega("doca 2"); }, "11110"},
+      {"desconto", [](Ordem& o) { o.SetValorDescontoTotalServicos({1}); }, "00000"},
+      {"necessidade",
+       [](Ordem& o) {
+         o.SetRegDataNecessidade({1, 1, 2026});
+       },
+       "00000"},
+      {"moeda", [](Ordem& o) { o.SetMoeda("USD"); }, "00000"},
+      {"mais um item", [](Ordem& o) { o.AdicionaItem(Item()); }, "00000"},
+      {"preco", [](Ordem& o) { o.GetRefItem(0).SetValorUnitarioV8({1}); }, "00000"},
+      {"grade", [](Ordem& o) { o.GetRefItem(0).SetPonteiroItemGrade3(1); }, "00000"},
+      {"status", [](Ordem& o) { o.GetRefItem(0).SetStatus(1); }, "11110"},
+      {"complemento de produto", [](Ordem& o) { o.GetRefItem(0).SetComplemento("preto"); },
+       "11110"},
+      {"texto livre", [](Ordem& o) { o.GetRefItem(1).SetComplemento("cadeira"); }, "00000"},
+      {"entrega a mais", [](Ordem& o) { o.GetRefItem(0).AdicionaProgramacao({}); }, "11110"},
+      {"rateio a mais", [](Ordem& o) { o.GetRefItem(1).AdicionaRateio({}); }, "00000"},
+      {"valor do rateio", [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).SetValor({1}); }, "00000"},
+      {"departamento do rateio",
+       [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).SetPonteiroDepartamento(1); }, "11110"},
+      {"gerencial",
+       [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).GetRefGerencial(0).SetValor({1}); }, "00000"},
+  };
+  const Ordem ordem = OrdemCompleta();
+  for (const CasoIgual& caso : casos) {
+    Ordem outra = ordem;
+    caso.Muda(outra);
+    std::string respostas;
+    for (const bool resposta :
+         {ordem.Igual(outra, 0, 0), ordem.Igual(outra, 0, 1), ordem.Igual(outra, 1, 0),
+          ordem.Igual(outra, 1, 1), ordem == outra}) {
+      respostas += resposta ? '1' : '0';
+    }
+    EXPECT_EQ(respostas, caso.Esperado) << caso.Nome;
+    EXPECT_TRUE(ordem.Igual(&outra)) << "the base's answer";
+  }
+}
+
+TEST(OrdemCompra, HistoricoSeComparaPorTresLinhas) {
+  const Ordem ordem = Ordem().SetComplementoHistorico("a\r\nb\r\nc\r\nd");
+  EXPECT_EQ(ordem, Ordem().SetComplementoHistorico("a\nb\nc\ne"));
+  EXPECT_NE(ordem, Ordem().SetComplementoHistorico("a\nb\nx"));
+}
+
+template <class REG>
+std::set<std::string> ForaDaIgualdade() {
+  std::set<std::string> nomes;
+  for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
+    const bool temAcessor = campo.Papel == KXPapel::Campo || campo.Papel == KXPapel::Parte;
+    if (temAcessor && campo.Igualdade == 0) nomes.insert(campo.Nome);
+  }
+  return nomes;
+}
+
+TEST(OrdemCompra, CamposForaDaIgualdade) {
+  using Nomes = std::set<std::string>;
+  EXPECT_EQ(ForaDaIgualdade<tagREG_ORDEMPS>(),
+            (Nomes{"RegDataUltimaAlteracao", "RegChaveEsteOC", "RegAutorizadoNaData",
+                   "PonteiroGerencial", "PonteiroUsuarioAlteracao", "PonteiroUsuarioInclusao",
+                   "OrcamentoExcedente", "VersaoGravacao", "EmailOrcamentoExcedentePendente",
+                   "StatusAutorizacao", "ManterStatusAutorizacao", "EmailStatusOCPendente",
+                   "EmailStatusOCFornecedorPendente", "Excluido"}));
+  EXPECT_EQ(ForaDaIgualdade<tagREG_ITENS_ORDEMPS>(),
+            (Nomes{"RegDataUltimaCompra", "QuantidadeUltimaCompra", "PrecoUltimaCompra",
+                   "AliquotaReducaoIPI", "IDItem", "GerarAcompanhamento", "InformarValorFCP",
+                   "InformarValorFCP_ST"}));
+  EXPECT_EQ(ForaDaIgualdade<tagREG_PROGRAMACAO_COMPRAPS>(), Nomes{"EmailAtrasado"});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_RATEIO_COMPRAPS>(), Nomes{});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_RECEBIMENTO_COMPRAPS>(), Nomes{});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_ITEM_TOTAIS_ORDEMPS>(), Nomes{});
+}
+
+TEST(ItemOrdemCompra, TotaisDeUmLadoSoNaoDecidem) {
+  Item um;
+  um.AdicionaTotais(Totais().SetValorFrete(Dinheiro(1)));
+  EXPECT_EQ(um, Item());
+  EXPECT_EQ(Item(), um);
+  EXPECT_NE(um, Item().SetStatus(1));
+
+  Item outro = um;
+  outro.GetRefTotais(0).SetValorISSRetido(CY{1});
+  EXPECT_NE(um, outro);
+  outro = um;
+  outro.AdicionaTotais(Totais());
+  EXPECT_NE(um, outro);
+}
+
+TEST(ItemOrdemCompra, ChecksumVeORegistroENaoOsFilhos) {
+  Item item = OrdemCompleta().GetItem(0);
+  const unsigned long antes = item.CalculaCRC(nullptr);
+  unsigned long anterior = 123;
+  EXPECT_EQ(item.CalculaCRC(&anterior), antes);
+  item.SetExpandirGrid(true).AdicionaTotais(Totais()).GetRefRateio(0).SetValor(Dinheiro(1));
+  EXPECT_EQ(item.CalculaCRC(nullptr), antes);
+
+  const tagREG_ITENS_ORDEMPS original = item.GetReg();
+  for (const KXCampo& campo : KXMetadados<tagREG_ITENS_ORDEMPS>::kCampos) {
+    if (campo.Papel == KXPapel::Conta || campo.Papel == KXPapel::Lista) continue;
+    for (std::size_t i = 0; i < campo.Largura; ++i) {
+      tagREG_ITENS_ORDEMPS alterado = original;
+      reinterpret_cast<unsigned char*>(&alterado)[campo.Posicao + i] ^= 1;
+      EXPECT_NE(Item().CopiarDe(&alterado).CalculaCRC(nullptr), antes) << campo.Nome;
+    }
+  }
+}
+
+TEST(ItemOrdemCompra, PosicaoDoProdutoReuneAsPartes) {
+  Item item;
+  item.SetPosicaoProduto({-5, 1, 2, 3, {9}}).SetPonteiroItemGrade2(8);
+  EXPECT_EQ(item.GetPonteiroProdutoServico(), -5);
+  EXPECT_EQ(item.GetPosicaoProduto(), (_REG_POSICAO_PRODUTOPS{-5, 1, 8, 3, {9}}));
+}
+
+TEST(ItemOrdemCompra, UsoDeImobilizadoEDeProdutoDespesa) {
+  const struct {
+    char EhServico;
+    unsigned short CFOP;
+    int Imobilizado;
+    int ProdutoDespesa;
+  } casos[] = {{0, 0, 1, 1}, {0, 5102, 0, 0}, {1, 0, 1, 0}, {1, 5102, 1, 0}};
+  for (const auto& caso : casos) {
+    const Item item = Item().SetItemEhServico(caso.EhServico).SetPonteiroCFOP(caso.CFOP);
+    EXPECT_EQ(item.GetUsaImobilizado(), caso.Imobilizado);
+    EXPECT_EQ(item.GetUsaProdutoDespesa(), caso.ProdutoDespesa);
+  }
+}
+
+// The count has 16 bits: it wraps, and what is written is what it says.
+TEST(ItemOrdemCompra, ContaDeFilhosDaAVolta) {
+  for (const std::size_t quantos : {65535U, 65536U, 65537U}) {
+    Item item;
+    item.SetListaProgramacao(CKXVector<Programacao>(quantos, Programacao().SetHoraEntrega(77)));
+    apoio::RegistroEscrito<tagREG_ITENS_ORDEMPS> escrito;
+    item.CopiarPara(&escrito.Reg);
+    const std::size_t escritos = quantos % 65536;
+    EXPECT_EQ(escrito.Reg.QtdProgramacao, escritos);
+    ASSERT_EQ(escrito.Reg.ListaProgramacao == nullptr, escritos == 0);
+    if (escritos != 0) {
+      EXPECT_EQ(escrito.Reg.ListaProgramacao[escritos - 1].HoraEntrega, 77);
+    }
+    EXPECT_EQ(Item().CopiarDe(&escrito.Reg).GetQuantidadeProgramacao(),
+              static_cast<long long>(escritos));
+  }
+}
+
+TEST(RecebimentoOrdemCompra, ObservacaoVaiEVolta) {
+  for (const std::string& texto : {std::string(), std::string("a"), std::string(100000, 'o')}) {
+    const Recebimento recebimento = Recebimento().SetObservacao(CString(std::string_view(texto)));
+    tagREG_RECEBIMENTO_COMPRAPS registro;
+    recebimento.CopiarPara(&registro);
+    EXPECT_EQ(registro.Observacao.Tamanho, texto.empty() ? 0 : texto.size() + 1);
+    EXPECT_EQ(Recebimento().CopiarDe(&registro).GetObservacao().Vista(), texto);
+    Recebimento::ZerarDelete(&registro);
+    EXPECT_EQ(registro.Observacao.Texto, nullptr);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,116 @@
+// The purchase request: its remarks, what equality sees of it and the identity of its suppliers.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "sc/DadosSC.h"
+#include "tests/apoio/RegistroAleatorio.h"
+
+namespace {
+
+using Solicitacao = CKXDadosCM_SCSolicitacaoCompra;
+using Item = CKXDadosCM_SCItem;
+using Fornecedor = CKXDadosCM_SCFornecedor;
+using Rateio = CKXDadosCM_SCRateio;
+using Escrito = apoio::RegistroEscrito<tagREG_SOLICITACAO_COMPRAPS>;
+
+CString TextoDe(std::size_t tamanho) {
+  std::string texto(tamanho, 'a');
+  for (std::size_t i = 0; i < tamanho; ++i) texto[i] = static_cast<char>('a' + i % 26);
+  return CString(std::string_view(texto));
+}
+
+TEST(Solicitacao, ObservacaoECortadaNoRegistroENoObjeto) {
+  for (const std::size_t tamanho : {2499U, 2500U, 2501U, 2600U}) {
+    const std::size_t fica = tamanho < 2500 ? tamanho : 2500;
+    Solicitacao solicitacao;
+    solicitacao.SetObservacao(TextoDe(tamanho));
+    Escrito escrito;
+    EXPECT_EQ(&solicitacao.CopiarPara(&escrito.Reg), &solicitacao);
+    EXPECT_EQ(escrito.Reg.TamanhoObservacao, fica + 1);
+    EXPECT_STREQ(escrito.Reg.TextoObservacao, TextoDe(fica).GetString());
+    EXPECT_TRUE(solicitacao.GetObservacao() == TextoDe(fica));
+  }
+}
+
+TEST(Solicitacao, SoAObservacaoTemLimite) {
+  Solicitacao solicitacao;
+  solicitacao.SetLocalEntrega(TextoDe(2600));
+  solicitacao.AdicionaItem(Item().SetObservacao(TextoDe(2600)));
+  Escrito escrito;
+  solicitacao.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.TamanhoLocalEntrega, 2601);
+  EXPECT_EQ(escrito.Reg.ListaItem[0].TamanhoObservacao, 2601);
+}
+
+TEST(Solicitacao, TextoVazioETamanhoZeroEPonteiroNulo) {
+  Solicitacao solicitacao;
+  solicitacao.SetObservacao("entregar pela manha");
+  Escrito escrito;
+  solicitacao.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.TamanhoLocalEntrega, 0);
+  EXPECT_EQ(escrito.Reg.TextoLocalEntrega, nullptr);
+  EXPECT_NE(escrito.Reg.TextoObservacao, nullptr);
+}
+
+TEST(Solicitacao, MarcasDeAuditoriaNaoContam) {
+  Solicitacao a;
+  a.SetCodigoSolicitacao("SC-1").AdicionaItem(Item().SetQuantidade(CY{10000}));
+  Solicitacao b = a;
+  b.SetExcluido(1).SetImpresso(1).SetIncompleta(1).SetRegistroGravadoSemIntegracao(1);
+  b.SetRegDataHoraInclusao({{1, 2, 2026}, {3, 4, 5, 0}}).SetRegDataUltimaAlteracao({2, 2, 2026});
+  b.SetHoraUltimaAlteracao(99).SetPonteiroUsuarioAlteracao(7).SetPonteiroUsuarioInclusao(8);
+  b.SetEmailStatusInclusaoPendente(1).GetRefItem(0).SetIntegrado('S');
+  EXPECT_TRUE(a == b);
+  b.SetCodigoSolicitacao("sc-1");
+  EXPECT_TRUE(a != b);
+}
+
+TEST(Solicitacao, VinculoContaMasNaoViaja) {
+  Solicitacao a;
+  a.SetPonteiroFilial(3);
+  Solicitacao b = a;
+  b.GetRefVinculo().SetTipo(4);
+  EXPECT_FALSE(a == b);
+  Escrito escrito;
+  b.CopiarPara(&escrito.Reg);
+  b.CopiarDe(&escrito.Reg);
+  EXPECT_TRUE(a == b);
+}
+
+TEST(SolicitacaoItem, PosicaoDoProdutoSeComparaSemOsBytesReservados) {
+  const Item original;
+  Item item;
+  item.SetPosicaoProduto({0, 0, 0, 0, {1, 2, 3, 4, 5, 6}});
+  EXPECT_TRUE(item == original);
+  EXPECT_FALSE(Item().SetPosicaoProduto({9, 0, 0, 0, {}}) == original);
+  EXPECT_FALSE(Item().SetPonteiroItemGrade1(1) == original);
+  EXPECT_FALSE(Item().SetPonteiroItemGrade2(1) == original);
+  EXPECT_FALSE(Item().SetPonteiroItemGrade3(1) == original);
+}
+
+TEST(SolicitacaoRateio, HistoricoSeComparaPelasTresPrimeirasLinhas) {
+  Rateio a;
+  a.SetComplementoHistorico("um\r\ndois\r\ntres\r\nquatro");
+  Rateio b;
+  b.SetComplementoHistorico("um\ndois\n\ntres\ncinco");
+  EXPECT_TRUE(a == b);
+  EXPECT_FALSE(a == Rateio().SetComplementoHistorico("um\ndois\nTRES"));
+  b.AdicionaGerencial(TKXGerencial().SetPonteiroGerencial(5));
+  EXPECT_FALSE(a == b);
+}
+
+TEST(SolicitacaoFornecedor, IdentidadeNaoEIgualdade) {
+  Fornecedor a;
+  a.SetPonteiroFornecedor(5).SetNomeFornecedor("Silva");
+  Fornecedor b = a;
+  b.SetNomeFornecedor("Souza");
+  EXPECT_TRUE(Fornecedor::CompareElements(a, b));
+  EXPECT_FALSE(a == b);
+  b = a;
+  b.SetPonteiroFornecedor(-5);
+  EXPECT_FALSE(Fornecedor::CompareElements(a, b));
+}
+
+}  // namespace

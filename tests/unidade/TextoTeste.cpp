@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "kxldados/CString.h"
+
+TEST(Texto, ConstroiDeQualquerFonte) {
+  EXPECT_TRUE(CString().IsEmpty());
+  EXPECT_TRUE(CString(nullptr).IsEmpty());
+  EXPECT_TRUE(CString("abc", -1).IsEmpty());
+  EXPECT_EQ(CString("ab\0c"), "ab");
+  EXPECT_EQ(CString("ab\0c", 4).Vista(), std::string_view("ab\0c", 4));
+  EXPECT_EQ(CString(std::string_view("abcd").substr(1, 2)), "bc");
+}
+
+TEST(Texto, PosicoesForaSaoTrazidasParaDentro) {
+  const CString s = "abcdef";
+  EXPECT_EQ(s.Left(2) + s.Right(2) + s.Mid(2, 2), "abefcd");
+  EXPECT_EQ(s.Left(-1) + s.Right(-1) + s.Mid(7) + s.Mid(6, 1), "");
+  EXPECT_EQ(s.Left(99), s);
+  EXPECT_EQ(s.Right(99), s);
+  EXPECT_EQ(s.Mid(-3, 99), s);
+  CString t = s;
+  EXPECT_EQ(t.Insert(99, "g"), 7);
+  EXPECT_EQ(t.Insert(-1, nullptr), 7);
+  EXPECT_EQ(t.Delete(5, 99), 5);
+  EXPECT_EQ(t.Delete(9), 5);
+  EXPECT_EQ(t.Delete(0, 2), 3);
+  EXPECT_EQ(t, "cde");
+}
+
+TEST(Texto, CaractereForaDoTextoEhRecusado) {
+  CString s = "ab";
+  EXPECT_EQ(s[1], 'b');
+  EXPECT_EQ(s[2], '\0');
+  EXPECT_THROW(s.GetAt(3), std::out_of_range);
+  EXPECT_THROW(s.GetAt(-1), std::out_of_range);
+  EXPECT_THROW(s.SetAt(2, 'x'), std::out_of_range);
+  s.SetAt(0, 'x');
+  EXPECT_EQ(s, "xb");
+}
+
+TEST(Texto, Procura) {
+  const CString s = "banana";
+  EXPECT_EQ(s.Find('a'), 1);
+  EXPECT_EQ(s.Find("an", 2), 3);
+  EXPECT_EQ(s.Find("", 2), 2);
+  EXPECT_EQ(s.Find("anx"), -1);
+  EXPECT_EQ(s.Find('b', 1), -1);
+  EXPECT_EQ(s.Find('b', -5), 0);
+  EXPECT_EQ(s.ReverseFind('a'), 5);
+  EXPECT_EQ(s.ReverseFind('x'), -1);
+}
+
+TEST(Texto, OrdenaPorByteSemSinal) {
+  EXPECT_LT(CString("z"), CString("\xE1"));
+  EXPECT_LT(CString("ab"), "abc");
+  EXPECT_GT("b", CString("a"));
+  EXPECT_NE(CString("a"), "A");
+  EXPECT_EQ(CString("b").Compare("a"), 1);
+  EXPECT_EQ(CString().Compare(nullptr), 0);
+  EXPECT_EQ(CString("JO\xC3O").CompareNoCase("jo\xE3o"), 0);
+  EXPECT_EQ(CString("Z").CompareNoCase("\xE1"), -1);
+}
+
+TEST(Texto, CaixaSegueAPaginaDeCodigo) {
+  CString s = "a\xE0\xFE\xF7\xDF\xFF\x9A z`{";
+  EXPECT_EQ(s.MakeUpper(), "A\xC0\xDE\xF7\xDF\x9F\x8A Z`{");
+  EXPECT_EQ(s.MakeLower(), "a\xE0\xFE\xF7\xDF\xFF\x9A z`{");
+  EXPECT_EQ(CString("\xD7@[").MakeLower(), "\xD7@[");
+}
+
+TEST(Texto, AparaAsPontas) {
+  EXPECT_EQ(CString(" \t a b\r\n").Trim(), "a b");
+  EXPECT_EQ(CString(" \n ").Trim(), "");
+  EXPECT_EQ(CString("xxaxx").TrimLeft("x"), "axx");
+  EXPECT_EQ(CString("xxaxx").TrimRight("x"), "xxa");
+  EXPECT_EQ(CString(" a ").Trim(""), " a ");
+}
+
+TEST(Texto, SubstituiSemReler) {
+  CString s = "aaa";
+  EXPECT_EQ(s.Replace("a", "aa"), 3);
+  EXPECT_EQ(s, "aaaaaa");
+  EXPECT_EQ(s.Replace("aa", nullptr), 3);
+  EXPECT_TRUE(s.IsEmpty());
+  s = "a,b;c";
+  EXPECT_EQ(s.Replace("", "x") + s.Replace("z", "x"), 0);
+  EXPECT_EQ(s.Replace(',', ';'), 1);
+  EXPECT_EQ(s.Replace(";", "--"), 2);
+  EXPECT_EQ(s, "a--b--c");
+}
+
+TEST(Texto, SeparaPularDelimitadoresRepetidos) {
+  const CString s = "\r\num\r\n\ndois";
+  int inicio = 0;
+  EXPECT_EQ(s.Tokenize("\r\n", inicio), "um");
+  EXPECT_EQ(s.Tokenize("\r\n", inicio), "dois");
+  EXPECT_EQ(s.Tokenize("\r\n", inicio), "");
+  EXPECT_EQ(inicio, -1);
+  EXPECT_EQ(s.Tokenize("\r\n", inicio), "");
+  inicio = 2;
+  EXPECT_EQ(s.Tokenize(nullptr, inicio), s.Mid(2));
+  EXPECT_EQ(s.Tokenize(nullptr, inicio), "");
+  EXPECT_EQ(inicio, -1);
+}
+
+TEST(Texto, ConcatenaConsigoMesmo) {
+  CString s = "ab";
+  s += s;
+  s += s.GetString();
+  s += 'c';
+  s += nullptr;
+  EXPECT_EQ("<" + s + '>', "<ababababc>");
+}
+
+TEST(Texto, FormataQualquerTamanho) {
+  CString s = "abc";
+  s.Format("%s-%05d", s.GetString(), 42);
+  EXPECT_EQ(s, "abc-00042");
+  s.Format("%5000d", 7);
+  EXPECT_EQ(s.GetLength(), 5000);
+  EXPECT_EQ(s[4999], '7');
+}
+
+TEST(Texto, MovidoFicaVazio) {
+  CString longo(std::string(100, 'x'));
+  const CString destino = std::move(longo);
+  EXPECT_EQ(destino.GetLength(), 100);
+  EXPECT_TRUE(longo.IsEmpty());
+  static_assert(std::is_nothrow_move_constructible_v<CString> &&
+                std::is_nothrow_move_assignable_v<CString>);
+}
