@@ -2,20 +2,15 @@
 // number of allocations, for entries of 1, 100 and 1,000 product items. An item has two
 // apportionment lines with one management account each, a tax, a stock entry and a totals record.
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <cstring>
 #include <memory>
 #include <vector>
 
+#include "bench/Piso.h"
 #include "re/DadosRE.h"
 
 namespace {
-
-// Freed memory stays with the process: what is measured is the conversion, not the kernel giving
-// pages back and forth, which depends on where the heap's last block happens to be.
-[[maybe_unused]] const bool gMemoriaFica =
-    mallopt(M_TRIM_THRESHOLD, 1 << 30) != 0 && mallopt(M_MMAP_THRESHOLD, 1 << 30) != 0;
 
 CKXDadosCM_RERegistroEntrada Entrada(std::int64_t itens) {
   CKXDadosCM_REItemProduto item;
@@ -60,11 +55,6 @@ struct PisoEntrada {
   std::vector<PisoItem> Produto;
 };
 
-template <class E>
-void LePiso(std::vector<E>& lista, const E* array, std::uint16_t quantidade) {
-  lista.assign(array, array + quantidade);
-}
-
 void LePiso(PisoEntrada& entrada, const tagREG_ENTRADAPS& registro) {
   std::memcpy(&entrada.Reg, &registro, sizeof(registro));
   entrada.Produto.reserve(registro.QtdProduto);
@@ -80,13 +70,6 @@ void LePiso(PisoEntrada& entrada, const tagREG_ENTRADAPS& registro) {
     LePiso(item.EntradaEstoque, de.ListaEntradaEstoque, de.QtdEntradaEstoque);
     LePiso(item.Totais, de.ListaTotais, de.QtdTotais);
   }
-}
-
-template <class E>
-void EscrevePiso(const std::vector<E>& lista, E*& array, std::uint16_t& quantidade) {
-  quantidade = static_cast<std::uint16_t>(lista.size());
-  array = new E[quantidade];
-  std::memcpy(array, lista.data(), quantidade * sizeof(E));
 }
 
 void EscrevePiso(const PisoEntrada& entrada, tagREG_ENTRADAPS& registro) {
@@ -168,18 +151,12 @@ void Igualdade(benchmark::State& estado) {
 }
 
 // memcmp over the same blocks of two floor objects.
-template <class E>
-bool BlocosIguais(const std::vector<E>& a, const std::vector<E>& b) {
-  return std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0;
-}
-
 bool BlocosIguais(const PisoEntrada& a, const PisoEntrada& b) {
   bool iguais = std::memcmp(&a.Reg, &b.Reg, sizeof(a.Reg)) == 0;
   for (std::size_t i = 0; iguais && i < a.Produto.size(); ++i) {
     const PisoItem& itemA = a.Produto[i];
     const PisoItem& itemB = b.Produto[i];
-    iguais = std::memcmp(&itemA.Reg, &itemB.Reg,
-                         offsetof(tagREG_ITEM_ENTRADA_PRODUTOPS, ListaRateio)) == 0 &&
+    iguais = std::memcmp(&itemA.Reg, &itemB.Reg, sizeof(itemA.Reg)) == 0 &&
              BlocosIguais(itemA.EntradaEstoque, itemB.EntradaEstoque) &&
              BlocosIguais(itemA.Imposto, itemB.Imposto) && BlocosIguais(itemA.Totais, itemB.Totais);
     for (std::size_t j = 0; iguais && j < itemA.Rateio.size(); ++j) {

@@ -29,6 +29,7 @@
 class KX_API CKXDadosCM_RateioCotacaoPreco : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_RateioBase,
                         tagREG_SOLICITACAO_RATEIO_COMPRAPS)
+  KX_CONVERSAO_DIRETA("DadosCP")
 
 #define KX_CLASSE CKXDadosCM_RateioCotacaoPreco
 #define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
@@ -51,6 +52,7 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CKXDadosCM_CondicaoPagamento, CondicaoPagamento)
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMFORNECEDORPS)
+  KX_CONVERSAO_DIRETA("DadosCP")
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, NomeFornecedor)
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, Observacao)
   // Whether the screens ignore SituacaoCotacao.
@@ -80,6 +82,7 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMPRODUTOPS)
+  KX_CONVERSAO_DIRETA("DadosCP")
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Observacao)
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Complemento)
   KX_COLECAO(CKXDadosCM_ItemCotacaoPreco, Rateio, CKXDadosCM_RateioCotacaoPreco)
@@ -115,6 +118,7 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_AcompanhamentoCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_AcompanhamentoCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOACOMPANHAMENTOPS)
+  KX_CONVERSAO_DIRETA("DadosCP")
   KX_MEMBRO(CKXDadosCM_AcompanhamentoCotacaoPreco, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_AcompanhamentoCotacaoPreco

@@ -26,6 +26,7 @@
 class KX_API CKXDadosCM_CancelamentoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_CANCELAMENTO_ORDEM_COMPRAPS)
+  KX_CONVERSAO_DIRETA("DadosOC")
 
 #define KX_CLASSE CKXDadosCM_CancelamentoOrdemCompra
 #define KX_TABELA "oc/tagREG_CANCELAMENTO_ORDEM_COMPRAPS.def"

@@ -143,7 +143,7 @@ TEST(Dinheiro, OrdemDasOperacoesDecideOArredondamento) {
   EXPECT_EQ(-CKXCurrencyEx(CY{kMin}), CY{0});
 }
 
-TEST(Dinheiro, CompararENaoSoComSeuTipo) {
+TEST(Dinheiro, ComparaComDinheiroEComCY) {
   const CKXCurrencyEx menor = CY{-1};
   const CKXCurrencyEx maior = CY{2};
   EXPECT_TRUE(menor < maior && maior > CY{1} && CY{-1} == menor && maior != CY{1});
