@@ -1,0 +1,129 @@
+#include "Relatorio.h"
+
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+
+#include "Latin1.h"
+#include "Totais.h"
+#include "kxldados/ChaveNFe.h"
+#include "kxldados/Datas.h"
+
+namespace kxdados {
+
+namespace {
+
+using Entrada = CKXDadosCM_RERegistroEntrada;
+
+// A record that gives back what it owns.
+struct RegistroProprio {
+  tagREG_ENTRADAPS Registro{};
+
+  RegistroProprio() = default;
+  RegistroProprio(const RegistroProprio&) = delete;
+  RegistroProprio& operator=(const RegistroProprio&) = delete;
+  ~RegistroProprio() { Entrada::ZerarGlobalAlloc(&Registro); }
+};
+
+std::string Contado(long long quantos, const char* um, const char* varios) {
+  return std::to_string(quantos) + " " + (quantos == 1 ? um : varios);
+}
+
+std::string Contado(std::size_t quantos, const char* um, const char* varios) {
+  return Contado(static_cast<long long>(quantos), um, varios);
+}
+
+std::ostream& Rotulo(std::ostream& saida, const char* nome) {
+  constexpr int kLargura = 11;
+  return saida << "  " << std::left << std::setw(kLargura) << nome;
+}
+
+long long QuantidadeDeLinhasDeEstoque(const Entrada& entrada) {
+  long long linhas = 0;
+  for (const auto& item : entrada.GetListaProduto()) linhas += item.GetQuantidadeEntradaEstoque();
+  return linhas;
+}
+
+void EscreveConteudo(std::ostream& saida, const Entrada& entrada) {
+  Rotulo(saida, "conteúdo")
+      << " " << Contado(entrada.GetQuantidadeProduto(), "produto", "produtos") << ", "
+      << Contado(entrada.GetQuantidadeServico(), "serviço", "serviços") << ", "
+      << Contado(QuantidadeDeLinhasDeEstoque(entrada), "entrada de estoque", "entradas de estoque")
+      << ", " << Contado(entrada.GetQuantidadeReferidas(), "nota referida", "notas referidas")
+      << ", " << entrada.GetQuantidadeObservacoesCFOP() << " obs. de CFOP, "
+      << Contado(entrada.GetCondicaoPagamento().GetNumeroParcelas(), "parcela", "parcelas") << '\n';
+}
+
+void EscreveTotal(std::ostream& saida, const Total& total) {
+  constexpr int kNome = 13;
+  constexpr int kValor = 24;
+  saida << "    " << std::left << std::setw(kNome) << total.Elemento << std::right
+        << std::setw(kValor) << kx::TextoDeDinheiro(total.Calculado)
+        << (total.Calculado == total.Declarado ? " = " : " ≠ ") << std::setw(kValor)
+        << kx::TextoDeDinheiro(total.Declarado);
+  if (total.Calculado != total.Declarado) {
+    saida << "  difere em " << kx::TextoDeDinheiro(total.Calculado - total.Declarado);
+  }
+  saida << '\n';
+}
+
+void EscreveTotais(std::ostream& saida, const Nota& nota) {
+  Rotulo(saida, "totais") << "calculado = declarado na nota\n";
+  for (const Total& total : ComparaTotais(nota)) EscreveTotal(saida, total);
+  if (nota.ForaDoTotal != CY{}) {
+    saida << "    (itens fora do total da nota: " << kx::TextoDeDinheiro(nota.ForaDoTotal) << ")\n";
+  }
+}
+
+void EscreveRegistro(std::ostream& saida, const Viagem& viagem) {
+  std::ostringstream checksum;
+  checksum << std::uppercase << std::hex << std::setfill('0') << std::setw(8) << viagem.Checksum;
+  Rotulo(saida, "registro") << viagem.Registro.Bytes << " bytes, em "
+                            << Contado(viagem.Registro.Listas, "lista", "listas") << " e "
+                            << Contado(viagem.Registro.Textos, "texto", "textos") << "; checksum 0x"
+                            << checksum.str() << '\n';
+  Rotulo(saida, "volta") << (viagem.Igual ? "ida e volta: igual" : "ida e volta: DIFERENTE")
+                         << "; memória liberada\n";
+}
+
+}  // namespace
+
+Viagem Viaja(const Entrada& entrada, bool comCampos) {
+  const KXRegistroInfo& info = KXMetadados<tagREG_ENTRADAPS>::kInfo;
+  RegistroProprio ida;
+  entrada.CopiarPara(&ida.Registro);
+  Entrada volta;
+  volta.CopiarDe(&ida.Registro);
+
+  Viagem viagem;
+  viagem.Igual = volta == entrada;
+  unsigned long inicio = 0;
+  viagem.Checksum = static_cast<std::uint32_t>(entrada.CalculaCRC(&inicio));
+  viagem.Registro = MedeRegistro(info, &ida.Registro);
+  if (comCampos) {
+    std::ostringstream campos;
+    EscreveCampos(campos, info, &ida.Registro, 2);
+    viagem.Campos = campos.str();
+  }
+  return viagem;
+}
+
+void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota& nota,
+                      const Viagem& viagem) {
+  const Entrada& entrada = nota.Entrada;
+  const std::string chave = kx::TextoDeChave(entrada.GetRegNFe());
+  saida << origem << ": nota " << UTF8DeLatin1(entrada.GetNumeroNotaFiscal().Vista()) << ", série "
+        << UTF8DeLatin1(entrada.GetSerieNotaFiscal().Vista()) << ", emitida em "
+        << kx::TextoDeData(entrada.GetRegDataEmissao()) << '\n';
+  Rotulo(saida, "chave") << (chave.empty() ? "(nenhuma)" : chave) << '\n';
+  Rotulo(saida, "emitente") << nota.Emitente << '\n';
+  EscreveConteudo(saida, entrada);
+  EscreveTotais(saida, nota);
+  for (const std::string& aviso : nota.Avisos) saida << "  " << aviso << '\n';
+  EscreveRegistro(saida, viagem);
+  if (!viagem.Campos.empty()) {
+    Rotulo(saida, "campos") << '\n' << viagem.Campos;
+  }
+}
+
+}  // namespace kxdados

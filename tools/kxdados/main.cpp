@@ -1,0 +1,172 @@
+// kxdados: imports electronic invoices as goods-receipt entries, and shows the layout of records.
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <new>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Importa.h"
+#include "Leiaute.h"
+#include "compras/KXDadosCompras.h"
+
+namespace {
+
+constexpr int kErro = 1;
+constexpr int kErroDeUso = 2;
+
+// What the user typed about the keys, in the order of OpcoesChave.
+using Digitados = std::vector<std::string>;
+
+CLI::Validator NumeroAte(std::uint64_t maximo) {
+  const auto confere = [maximo](const std::string& texto) -> std::string {
+    std::uint64_t valor = 0;
+    const char* fim = texto.data() + texto.size();
+    const auto lido = std::from_chars(texto.data(), fim, valor);
+    if (lido.ec == std::errc() && lido.ptr == fim && valor <= maximo) return {};
+    return "não é um número de 0 a " + std::to_string(maximo) + ": " + texto;
+  };
+  return {confere, ""};
+}
+
+void Traduz(CLI::App& app) {
+  app.set_help_flag("-h,--help,--ajuda", "Mostra esta ajuda e termina")->group("Opções");
+  app.option_defaults()->group("Opções");
+  const auto formato = std::dynamic_pointer_cast<CLI::Formatter>(app.get_formatter());
+  formato->label("Usage", "Uso");
+  formato->label("OPTIONS", "OPÇÕES");
+  formato->label("Positionals", "Argumentos");
+  formato->label("SUBCOMMAND", "COMANDO");
+  formato->label("Excludes", "sem");
+  formato->column_width(34);
+}
+
+CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
+  CLI::App* comando = app.add_subcommand(
+      "importa", "Importa notas fiscais eletrônicas (NF-e 1.10 a 4.00) como entradas");
+  comando->group("Comandos");
+  comando->get_help_ptr()->group("Opções");
+  comando->footer(
+      "As chaves são das tabelas do sistema e valem para todas as notas importadas.\n"
+      "Termina com 1 se alguma nota teve erro; as demais são importadas.");
+  comando
+      ->add_option("CAMINHO", opcoes.Caminhos,
+                   "Arquivos, pastas (todos os .xml) ou - (entrada padrão)")
+      ->type_name("");
+  comando->add_flag("--campos", opcoes.Campos, "Mostra todos os campos que não estão vazios");
+  const auto chaves = kxdados::OpcoesChave();
+  digitados.resize(chaves.size());
+  for (std::size_t i = 0; i < chaves.size(); ++i) {
+    comando->add_option(chaves[i].Nome, digitados[i], "Chave: " + std::string(chaves[i].Ajuda))
+        ->check(NumeroAte(chaves[i].Maximo))
+        ->type_name("N")
+        ->group("Chaves");
+  }
+  return comando;
+}
+
+CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, bool& tudo) {
+  CLI::App* comando = app.add_subcommand("leiaute", "Mostra o leiaute dos registros");
+  comando->group("Comandos");
+  comando->get_help_ptr()->group("Opções");
+  auto* nome =
+      comando
+          ->add_option("REGISTRO", registro, "Nome do registro; sem ele, lista todos os registros")
+          ->type_name("");
+  comando->add_flag("--tudo", tudo, "Todos os registros, em Markdown")->excludes(nome);
+  return comando;
+}
+
+// What follows the message of the parser: the argument that it is about.
+std::string Argumento(const CLI::ParseError& erro) {
+  const std::string_view texto = erro.what();
+  const std::size_t dois = texto.find(": ");
+  return std::string(dois == std::string_view::npos ? texto : texto.substr(dois + 2));
+}
+
+std::string Motivo(const CLI::ParseError& erro) {
+  switch (static_cast<CLI::ExitCodes>(erro.get_exit_code())) {
+    case CLI::ExitCodes::ExtrasError:
+      return "argumento desconhecido: " + Argumento(erro);
+    case CLI::ExitCodes::ValidationError:
+      return erro.what();
+    case CLI::ExitCodes::RequiredError:
+      return "comando ausente ou desconhecido";
+    case CLI::ExitCodes::ExcludesError:
+      return "--tudo não se usa com o nome de um registro";
+    default:
+      return "falta o valor de uma opção, ou há valores demais";
+  }
+}
+
+int Termina(const CLI::App& app, const CLI::ParseError& erro) {
+  if (erro.get_exit_code() == 0) return app.exit(erro, std::cout, std::cerr);
+  std::cerr << "kxdados: uso: " << Motivo(erro) << " (veja kxdados --help)\n";
+  return kErroDeUso;
+}
+
+// Without arguments a terminal would be waited for.
+bool EntradaEhTerminal() {
+  std::error_code ignorado;
+  return std::filesystem::is_character_file("/dev/stdin", ignorado);
+}
+
+int ExecutaImporta(kxdados::OpcoesImporta& opcoes, const Digitados& digitados) {
+  if (opcoes.Caminhos.empty() && EntradaEhTerminal()) {
+    std::cerr << "kxdados: uso: informe um arquivo, uma pasta ou - (veja kxdados --help)\n";
+    return kErroDeUso;
+  }
+  const auto chaves = kxdados::OpcoesChave();
+  for (std::size_t i = 0; i < chaves.size(); ++i) {
+    if (!digitados[i].empty()) opcoes.Chaves.emplace_back(&chaves[i], std::stoull(digitados[i]));
+  }
+  return kxdados::Importa(opcoes);
+}
+
+int ExecutaLeiaute(const std::string& registro, bool tudo) {
+  if (tudo) {
+    kxdados::EscreveReferencia(std::cout);
+    return 0;
+  }
+  if (registro.empty()) {
+    kxdados::ListaRegistros(std::cout);
+    return 0;
+  }
+  return kxdados::EscreveLeiaute(std::cout, std::cerr, registro) ? 0 : kErro;
+}
+
+int Executa(int argc, char** argv) {
+  CLI::App app("Ferramenta dos dados de compras");
+  app.name("kxdados");
+  app.set_version_flag("--versao", std::string("kxdados ") + KXDadosComprasVersao(),
+                       "Mostra a versão e termina")
+      ->group("Opções");
+  app.require_subcommand(1);
+  Traduz(app);
+  kxdados::OpcoesImporta opcoes;
+  Digitados digitados;
+  std::string registro;
+  bool tudo = false;
+  const CLI::App* importa = MontaImporta(app, opcoes, digitados);
+  MontaLeiaute(app, registro, tudo);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& erro) {
+    return Termina(app, erro);
+  }
+  return importa->parsed() ? ExecutaImporta(opcoes, digitados) : ExecutaLeiaute(registro, tudo);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try { return Executa(argc, argv); } catch (const std::bad_alloc&) {
+  std::cerr << "kxdados: memória insuficiente\n";
+  return kErro;
+} catch (const std::exception& erro) {
+  std::cerr << "kxdados: erro interno: " << erro.what() << '\n';
+  return kErro;
+}
