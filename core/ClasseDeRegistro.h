@@ -75,7 +75,7 @@ struct Motor;
 #define KX_CONVERSAO_DIRETA(Fonte)               \
  public:                                         \
   static constexpr bool kConversaoDireta = true; \
-  static constexpr const char* kFonte = Fonte;
+  static constexpr const char* kFonteDosRelatos = Fonte;
 
 // The definitions, in the source. BaseDeExecucao is what _GetBaseClass reports.
 #define KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                \

@@ -307,7 +307,7 @@ void EscreveElemento(const T& elemento, E* vaga, Alocador alocador) {
 template <class T, class E>
 void LeElemento(CKXVector<T>& lista, const E* vaga) {
   if constexpr (kDireta<T, E>) {
-    Motor::LeEmNovo(lista.emplace_back(SemLimpar{}), vaga, T::kFonte, __LINE__);
+    Motor::LeEmNovo(lista.emplace_back(SemLimpar{}), vaga, T::kFonteDosRelatos, __LINE__);
   } else {
     lista.emplace_back(SemLimpar{}).CopiarDe(vaga);
   }

@@ -99,7 +99,7 @@ using Retorno = void* [5];
 
 // Where the thread resumes when its guarded copy faults; null outside such a copy. Initial-exec: a
 // signal handler must not be the one that allocates the thread's block of variables.
-[[gnu::tls_model("initial-exec")]] thread_local Retorno* gRetorno = nullptr;
+[[gnu::tls_model("initial-exec")]] thread_local Retorno* volatile gRetorno = nullptr;
 
 // The handlers found at installation.
 struct sigaction gAnteriorSegv;

@@ -1,4 +1,4 @@
-#include "tests/mensagens/KXMensFalsa.h"
+#include "KXMensFalsa.h"
 
 #include <stdexcept>
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <new>
+#include <utility>
 
 #include "Latin1.h"
 #include "kxldados/Datas.h"
@@ -106,8 +107,10 @@ std::string Caminho(pugi::xml_node no, std::string_view nome) {
   std::string caminho(nome);
   for (; no && no.type() == pugi::node_element && NomeLocal(no) != "infNFe"; no = no.parent()) {
     std::string passo(NomeLocal(no));
-    if (const int ordem = Ordem(no); ordem > 0) passo += "[" + std::to_string(ordem) + "]";
-    caminho = caminho.empty() ? passo : passo + "/" + caminho;
+    if (const int ordem = Ordem(no); ordem > 0)
+      passo.append("[").append(std::to_string(ordem)).append("]");
+    if (!caminho.empty()) passo.append("/").append(caminho);
+    caminho = std::move(passo);
   }
   return caminho.empty() ? "infNFe" : caminho;
 }
