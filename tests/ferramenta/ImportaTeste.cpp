@@ -1,11 +1,9 @@
 #include <algorithm>
-#include <cctype>
 #include <regex>
 
 #include "Execucao.h"
 
 namespace fs = std::filesystem;
-using testing::Test;
 
 namespace {
 

@@ -121,9 +121,7 @@ void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota
   EscreveTotais(saida, nota);
   for (const std::string& aviso : nota.Avisos) saida << "  " << aviso << '\n';
   EscreveRegistro(saida, viagem);
-  if (!viagem.Campos.empty())
-    saida << "  campos
-             " << viagem.Campos;
+  if (!viagem.Campos.empty()) saida << "  campos\n" << viagem.Campos;
 }
 
 }  // namespace kxdados
