@@ -4,18 +4,30 @@
 #include <cstddef>
 
 #include "platform/Exporta.h"
+#include "platform/Plataforma.h"
 
 namespace kx {
+
+// What a failed copy or fill reports (kCodigoFalhaBloco).
+KX_API void RelataFalhaBloco(std::size_t n, const char* fonte, int linha) noexcept;
 
 // Copies n bytes; the blocks may overlap. Returns `destino`. When a memory fault stops the copy it
 // is reported once (kCodigoFalhaBloco, with n as the width and length 0) and null is returned; the
 // destination may be partly written. A null pointer is such a fault, unless n is 0. `fonte` and
 // `linha` name the caller in the report. See CopiaProtegida for the limits of the guard.
-KX_API void* CopiaBloco(void* destino, const void* origem, std::size_t n, const char* fonte,
-                        int linha) noexcept;
+inline void* CopiaBloco(void* destino, const void* origem, std::size_t n, const char* fonte,
+                        int linha) noexcept {
+  void* const copia = plataforma::CopiaProtegida(destino, origem, n);
+  if (copia == nullptr && n != 0) RelataFalhaBloco(n, fonte, linha);
+  return copia;
+}
 
 // The same for filling n bytes with `valor`.
-KX_API void* PreencheBloco(void* destino, int valor, std::size_t n, const char* fonte,
-                           int linha) noexcept;
+inline void* PreencheBloco(void* destino, int valor, std::size_t n, const char* fonte,
+                           int linha) noexcept {
+  void* const cheio = plataforma::PreencheProtegido(destino, valor, n);
+  if (cheio == nullptr && n != 0) RelataFalhaBloco(n, fonte, linha);
+  return cheio;
+}
 
 }  // namespace kx

@@ -71,11 +71,11 @@ struct Motor;
   const Classe& CopiarPara(Reg* destino) const;
 
 // In the body of a class whose conversions are those of KX_IMPLEMENTA_CONVERSAO: a parent's
-// conversion may then do them in place. Fonte is the source name of its reports.
-#define KX_CONVERSAO_DIRETA(Fonte)               \
+// conversion may then do them in place. KX_FONTE is the source name of its reports.
+#define KX_CONVERSAO_DIRETA                      \
  public:                                         \
   static constexpr bool kConversaoDireta = true; \
-  static constexpr const char* kFonteDosRelatos = Fonte;
+  static constexpr const char* kFonteDosRelatos = KX_FONTE;
 
 // The definitions, in the source. BaseDeExecucao is what _GetBaseClass reports.
 #define KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                \

@@ -19,7 +19,7 @@
 // A deduction from the base of a tax, over tagREG_IMPOSTO_DEDUCAOPS (280 bytes).
 class KX_API CKXDadosCM_ImpostoDeducao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ImpostoDeducao, TKXCMBaseParaDados, tagREG_IMPOSTO_DEDUCAOPS)
-  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_ImpostoDeducao
 #define KX_TABELA "core/tagREG_IMPOSTO_DEDUCAOPS.def"
@@ -30,7 +30,7 @@ class KX_API CKXDadosCM_ImpostoDeducao : public TKXCMBaseParaDados {
 // deductions.
 class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemImposto, TKXCMBaseParaDados, tagREG_ITEM_IMPOSTOPS)
-  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ItemImposto, Deducao, CKXDadosCM_ImpostoDeducao)
 
 #define KX_CLASSE CKXDadosCM_ItemImposto
@@ -59,7 +59,7 @@ class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
 // CKXDadosCM_ItemImposto's releases. (A document's own release walks everything.)
 class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_Parcela, TKXCMBaseParaDados, tagREG_FATURA_ENTRADAPS)
-  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_Parcela, ItemImposto, CKXDadosCM_ItemImposto)
 
 #define KX_CLASSE CKXDadosCM_Parcela
@@ -91,7 +91,7 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Lista(&Esta::_ListaItemImposto, &Registro::ListaItemImposto, &Registro::QtdItemImposto);
-    v.NaoComparado(&Esta::_Bruto);
+    v.Auxiliar(&Esta::_Bruto);
   }
 
  private:
@@ -115,7 +115,7 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
 // A tax to be paid to its collector, over tagREG_TITULO_IMPOSTOPS (648 bytes).
 class KX_API CKXDadosCM_TituloImposto : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_TituloImposto, TKXCMBaseParaDados, tagREG_TITULO_IMPOSTOPS)
-  KX_CONVERSAO_DIRETA("DadosCore")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_TituloImposto
 #define KX_TABELA "core/tagREG_TITULO_IMPOSTOPS.def"

@@ -27,15 +27,38 @@ void EscreveTexto(const CString& texto, char*& destino, std::uint16_t& tamanho, 
   tamanho = static_cast<std::uint16_t>(contado.Tamanho);
 }
 
+void EscreveTexto(const CString& texto, char*& destino, Alocador alocador) {
+  destino = nullptr;
+  KXStringPS contado;
+  EscreveTexto(texto, &contado, alocador, kSemLimite);
+  destino = contado.Texto;
+}
+
 CString LeTexto(const KXStringPS& origem, const char* fonte, int linha) {
   return LeTexto(origem.Texto, origem.Tamanho, fonte, linha);
 }
 
+CString LeTexto(const char* texto, const char* fonte, int linha) {
+  return LeTexto(texto, kSemLimite, fonte, linha);
+}
+
 CString LeTexto(const char* texto, std::size_t tamanho, const char* fonte, int linha) {
-  if (texto == nullptr || tamanho == 0) return {};
-  std::string caracteres(tamanho, '\0');
-  if (CopiaBloco(caracteres.data(), texto, caracteres.size(), fonte, linha) == nullptr) return {};
-  return CString(std::string_view(caracteres.c_str()));
+  if (texto == nullptr) return {};
+  // In pieces that end where a page may end: neither the memory taken nor the bytes touched go
+  // beyond the terminator, whatever size the record claims.
+  constexpr std::size_t kPagina = 4096;
+  char pedaco[kPagina];
+  std::string lido;
+  while (lido.size() < tamanho) {
+    const char* proximo = texto + lido.size();
+    const std::size_t quantos = std::min(
+        tamanho - lido.size(), kPagina - reinterpret_cast<std::uintptr_t>(proximo) % kPagina);
+    if (CopiaBloco(pedaco, proximo, quantos, fonte, linha) == nullptr) return {};
+    const std::size_t uteis = strnlen(pedaco, quantos);
+    lido.append(pedaco, uteis);
+    if (uteis < quantos) break;
+  }
+  return CString(std::string_view(lido));
 }
 
 }  // namespace kx

@@ -60,10 +60,16 @@ KX_API void EscreveTexto(const CString& texto, KXStringPS* destino, Alocador alo
 KX_API void EscreveTexto(const CString& texto, char*& destino, std::uint16_t& tamanho,
                          Alocador alocador);
 
+// The same for a text without a size, of any length.
+KX_API void EscreveTexto(const CString& texto, char*& destino, Alocador alocador);
+
 // The characters of a counted text up to its terminator or its size, whichever comes first. A null
 // pointer, a size of 0 and unreadable memory give an empty text.
 KX_API CString LeTexto(const KXStringPS& origem, const char* fonte, int linha);
 KX_API CString LeTexto(const char* texto, std::size_t tamanho, const char* fonte, int linha);
+
+// The characters of a text without a size, up to its terminator; empty as above.
+KX_API CString LeTexto(const char* texto, const char* fonte, int linha);
 
 // How one element is written and read; core/Motor.h defines both. Elements that are no objects with
 // a conversion of their own overload them.
@@ -113,7 +119,7 @@ template <class REG>
 constexpr bool TemListas() {
   for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
     if (campo.Papel == KXPapel::Lista || campo.Papel == KXPapel::Bloco ||
-        campo.Papel == KXPapel::Corrido) {
+        campo.Papel == KXPapel::Corrido || campo.Papel == KXPapel::Terminado) {
       return true;
     }
   }
@@ -139,9 +145,12 @@ struct Liberador {
     texto = {};
   }
   void TextoCorrido(char*& texto, std::uint16_t& tamanho) const noexcept {
+    TextoTerminado(texto);
+    tamanho = 0;
+  }
+  void TextoTerminado(char*& texto) const noexcept {
     LiberaArray(De, texto);
     texto = nullptr;
-    tamanho = 0;
   }
   void Zero(auto&) const noexcept {}
 };
@@ -155,6 +164,7 @@ struct Esquecedor {
   }
   void Texto(KXStringPS& texto) const noexcept { texto = {}; }
   void TextoCorrido(char*& texto, std::uint16_t& tamanho) const noexcept { Lista(texto, tamanho); }
+  void TextoTerminado(char*& texto) const noexcept { texto = nullptr; }
   void Zero(auto& bytes) const noexcept { std::memset(bytes, 0, sizeof(bytes)); }
 };
 

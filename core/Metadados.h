@@ -36,16 +36,17 @@ enum class KXTipoCampo : std::uint8_t {
 
 // What a row of the table stands for.
 enum class KXPapel : std::uint8_t {
-  Campo,    // a field with accessors
-  Parte,    // a named part of the field above it; its bytes belong to that field
-  Interno,  // a field whose value another object keeps
-  Reserva,  // carried unchanged
-  Zero,     // spare bytes that do not travel
-  Bloco,    // counted text
-  Tamanho,  // size of a text; its row Texto... stands elsewhere
-  Corrido,  // pointer to the characters of a text
-  Conta,    // count of a child array; its row Lista... stands elsewhere
-  Lista,    // child array
+  Campo,      // a field with accessors
+  Parte,      // a named part of the field above it; its bytes belong to that field
+  Interno,    // a field whose value another object keeps
+  Reserva,    // carried unchanged
+  Zero,       // spare bytes that do not travel
+  Bloco,      // counted text
+  Tamanho,    // size of a text; its row Texto... stands elsewhere
+  Corrido,    // pointer to the characters of a text
+  Terminado,  // the same, of a text without a size: it ends at its terminator
+  Conta,      // count of a child array; its row Lista... stands elsewhere
+  Lista,      // child array
 };
 
 struct KXRegistroInfo;
@@ -70,8 +71,8 @@ struct KXRegistroInfo {
 
 // Specialised by each record table: Registro, kInfo, kCampos and VisitaListas, which calls
 // visitante.Lista(pointer&, count&) for each child array, visitante.Texto(KXStringPS&) and
-// visitante.TextoCorrido(pointer&, size&) for each counted text, and visitante.Zero(bytes&) for the
-// spare bytes of a record.
+// visitante.TextoCorrido(pointer&, size&) for each counted text, visitante.TextoTerminado(pointer&)
+// for each text without a size, and visitante.Zero(bytes&) for the spare bytes of a record.
 template <class REG>
 struct KXMetadados;
 

@@ -8,9 +8,11 @@
 //     v.ListaSoLida(...);             // read from the record, never written, not compared
 //     v.Texto(&Esta::_Mascara, &Registro::Mascara, maximum);   // counted text
 //     v.TextoCorrido(&Esta::_Nome, &Registro::TextoNome, &Registro::TamanhoNome);
+//     v.TextoTerminado(&Esta::_Nome, &Registro::TextoNome);    // text without a size
 //     v.Local(&Esta::_ListaLogs);     // lives only in the object; compared
 //     v.Local(&Esta::_Nivel, 1);      // the same, 1 when cleared
 //     v.NaoComparado(&Esta::_Vinculo);  // lives only in the object; not compared
+//     v.Auxiliar(&Esta::_Expandir);   // the same; an object with nothing else is empty
 //   }
 //
 // Internal to the library's sources: classes name kx::Motor as their friend.
@@ -157,11 +159,13 @@ struct Motor {
     void ListaNaoComparada(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void TextoCorrido(auto membro, auto, auto) const noexcept { (Objeto.*membro).Empty(); }
+    void TextoTerminado(auto membro, auto) const noexcept { (Objeto.*membro).Empty(); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
     void Texto(auto membro, auto, auto...) const noexcept { (Objeto.*membro).Empty(); }
     void Local(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
     void Local(auto membro, auto padrao) const noexcept { Objeto.*membro = padrao; }
     void NaoComparado(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
+    void Auxiliar(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
   };
 
   template <class C>
@@ -173,9 +177,11 @@ struct Motor {
     void ListaNaoComparada(auto membro, auto, auto) const { Local(membro); }
     void ListaSoLida(auto membro, auto, auto) const { Local(membro); }
     void TextoCorrido(auto membro, auto, auto) const { Local(membro); }
+    void TextoTerminado(auto membro, auto) const { Local(membro); }
     void Texto(auto membro, auto, auto...) const { Destino.*membro = Origem.*membro; }
     void Local(auto membro, auto...) const { Destino.*membro = Origem.*membro; }
-    void NaoComparado(auto membro) const { Destino.*membro = Origem.*membro; }
+    void NaoComparado(auto membro) const { Local(membro); }
+    void Auxiliar(auto membro) const { Local(membro); }
   };
 
   template <class C>
@@ -187,9 +193,11 @@ struct Motor {
     void ListaNaoComparada(auto membro, auto, auto) const noexcept { Troca(membro); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { Troca(membro); }
     void TextoCorrido(auto membro, auto, auto) const noexcept { Troca(membro); }
+    void TextoTerminado(auto membro, auto) const noexcept { Troca(membro); }
     void Texto(auto membro, auto, auto...) const noexcept { Troca(membro); }
     void Local(auto membro, auto...) const noexcept { Troca(membro); }
     void NaoComparado(auto membro) const noexcept { Troca(membro); }
+    void Auxiliar(auto membro) const noexcept { Troca(membro); }
     void Troca(auto membro) const noexcept { Destino.*membro = std::move(Origem.*membro); }
   };
 
@@ -203,9 +211,11 @@ struct Motor {
     void ListaNaoComparada(auto, auto, auto) const noexcept {}
     void ListaSoLida(auto, auto, auto) const noexcept {}
     void TextoCorrido(auto membro, auto, auto) { Compara(membro); }
+    void TextoTerminado(auto membro, auto) { Compara(membro); }
     void Texto(auto membro, auto, auto...) { Compara(membro); }
     void Local(auto membro, auto...) { Compara(membro); }
     void NaoComparado(auto) const noexcept {}
+    void Auxiliar(auto) const noexcept {}
     void Compara(auto membro) { Resultado = Resultado && A.*membro == B.*membro; }
   };
 
@@ -218,10 +228,12 @@ struct Motor {
     void ListaNaoComparada(auto membro, auto, auto) { Testa(membro); }
     void ListaSoLida(auto membro, auto, auto) { Testa(membro); }
     void TextoCorrido(auto membro, auto, auto) { Testa(membro); }
+    void TextoTerminado(auto membro, auto) { Testa(membro); }
     void Texto(auto membro, auto, auto...) { Testa(membro); }
     void Local(auto membro) { Testa(membro); }
     void Local(auto membro, auto padrao) { Resultado = Resultado && Objeto.*membro == padrao; }
     void NaoComparado(auto membro) { Testa(membro); }
+    void Auxiliar(auto) const noexcept {}
     void Testa(auto membro) { Resultado = Resultado && ValorVazio(Objeto.*membro); }
   };
 
@@ -243,6 +255,9 @@ struct Motor {
     void TextoCorrido(auto membro, auto texto, auto tamanho) const {
       EscreveTexto(Objeto.*membro, Destino.*texto, Destino.*tamanho, De);
     }
+    void TextoTerminado(auto membro, auto texto) const {
+      EscreveTexto(Objeto.*membro, Destino.*texto, De);
+    }
     void Texto(auto membro, auto campo, std::size_t maximo = kSemLimite) const {
       Texto(membro, campo, maximo, De);
     }
@@ -253,6 +268,7 @@ struct Motor {
     }
     void Local(auto, auto...) const noexcept {}
     void NaoComparado(auto) const noexcept {}
+    void Auxiliar(auto) const noexcept {}
   };
 
   template <class C>
@@ -276,12 +292,16 @@ struct Motor {
     void TextoCorrido(auto membro, auto texto, auto tamanho) const {
       Objeto.*membro = LeTexto(Origem.*texto, Origem.*tamanho, Fonte, Linha);
     }
+    void TextoTerminado(auto membro, auto texto) const {
+      Objeto.*membro = LeTexto(Origem.*texto, Fonte, Linha);
+    }
     void Texto(auto membro, auto campo, auto...) const {
       const KXStringPS& texto = Origem.*campo;
       if (texto.Texto != nullptr) Objeto.*membro = LeTexto(texto, Fonte, Linha);
     }
     void Local(auto, auto...) const noexcept {}
     void NaoComparado(auto) const noexcept {}
+    void Auxiliar(auto) const noexcept {}
   };
 };
 

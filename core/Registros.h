@@ -3,7 +3,22 @@
 // tables; money is in 1/10,000. Elements of a child array stand before the record that owns it.
 #pragma once
 
+#include "core/Metadados.h"
 #include "kxldados/Tipos.h"
+
+// Keys of documents, as elements of a child array.
+template <>
+struct KXMetadados<REG_KXDMC> {
+  using Registro = REG_KXDMC;
+  static constexpr KXCampo kCampos[] = {
+      {"Data", 0, 4, KXTipoCampo::Data, KXPapel::Campo, 1, "date that opens the series", nullptr},
+      {"Contador", 4, 4, KXTipoCampo::SemSinal32, KXPapel::Campo, 2, "number within that date",
+       nullptr},
+  };
+  static constexpr KXRegistroInfo kInfo{"REG_KXDMC", "key of a document", sizeof(REG_KXDMC),
+                                        kCampos};
+  static void VisitaListas(Registro& /*registro*/, auto&& /*visitante*/) noexcept {}
+};
 
 // Answer of the server about a document.
 #define KX_TABELA "core/tagREG_CM_SITUACAO_PS.def"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "kxldados/CString.h"
 #include "platform/Exporta.h"
@@ -23,7 +24,9 @@ KX_API void CopiaTextoFixo(char* destino, std::size_t largura, const char* texto
 template <std::size_t N>
 void CopiaTextoFixo(char (&destino)[N], const CString& texto, const char* fonte,
                     int linha) noexcept {
-  CopiaTextoFixo(destino, N, texto.GetString(), texto.GetLength(), fonte, linha);
+  // Up to an embedded zero: every byte after the terminator is zero.
+  const int tamanho = static_cast<int>(std::strlen(texto.GetString()));
+  CopiaTextoFixo(destino, N, texto.GetString(), tamanho, fonte, linha);
 }
 
 // The text of a field: up to its terminator, or its whole width when a received record has none.

@@ -29,7 +29,7 @@
 class KX_API CKXDadosCM_RateioCotacaoPreco : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_RateioBase,
                         tagREG_SOLICITACAO_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosCP")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RateioCotacaoPreco
 #define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
@@ -52,7 +52,7 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CKXDadosCM_CondicaoPagamento, CondicaoPagamento)
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMFORNECEDORPS)
-  KX_CONVERSAO_DIRETA("DadosCP")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, NomeFornecedor)
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, Observacao)
   // Whether the screens ignore SituacaoCotacao.
@@ -82,7 +82,7 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMPRODUTOPS)
-  KX_CONVERSAO_DIRETA("DadosCP")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Observacao)
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Complemento)
   KX_COLECAO(CKXDadosCM_ItemCotacaoPreco, Rateio, CKXDadosCM_RateioCotacaoPreco)
@@ -107,7 +107,7 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Texto(&Esta::_Complemento, &Registro::Complemento);
     v.Texto(&Esta::_Observacao, &Registro::Observacao);
-    v.NaoComparado(&Esta::_DesconsiderarRateio);
+    v.Auxiliar(&Esta::_DesconsiderarRateio);
   }
 };
 
@@ -118,7 +118,7 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_AcompanhamentoCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_AcompanhamentoCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOACOMPANHAMENTOPS)
-  KX_CONVERSAO_DIRETA("DadosCP")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_AcompanhamentoCotacaoPreco, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_AcompanhamentoCotacaoPreco

@@ -49,6 +49,10 @@ CKXDadosCM_OrdemCompra& CKXDadosCM_OrdemCompra::CopiarDe(const Registro* origem)
   _CondicaoPagamento.SetPonteiroTipoPeriodo(_Reg.PonteiroTipoPeriodo);
   _CondicaoPagamento.SetDataPrimeiroVencimento(_Reg.DataPrimeiroVencimento);
   _CondicaoPagamento.SetPonteiroCondicaoPagamento(_Reg.PonteiroCondicaoPagamento);
+  // From here on the payment condition alone holds them.
+  _Reg.PonteiroTipoPeriodo = 0;
+  _Reg.DataPrimeiroVencimento = {};
+  _Reg.PonteiroCondicaoPagamento = 0;
   kx::LeLista(_CondicaoPagamento.GetListaParcela(), origem->ListaParcela, origem->QtdParcela);
   return *this;
 }

@@ -26,7 +26,7 @@
 class KX_API CKXDadosCM_CancelamentoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_CANCELAMENTO_ORDEM_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CancelamentoOrdemCompra
 #define KX_TABELA "oc/tagREG_CANCELAMENTO_ORDEM_COMPRAPS.def"
@@ -71,7 +71,8 @@ class KX_API CKXDadosCM_OrdemCompra : public TKXCMBaseParaDados {
   //   - header: currency, competence, need and delivery dates, the totals of IPI, ICMS and ICMS-ST,
   //     the discounts, the charges and the order total (not the totals of products and services);
   //     unless semFornecedor is set, supplier, department and buyer as well;
-  //   - items: product or, without one, the text in Complemento; quantity, prices, discounts, IPI;
+  //   - items: price list; product with its grid items or, without one, the text in Complemento;
+  //     quantity, unit price, discounts, IPI;
   //   - their apportionment lines: quantity, value, classification and management accounts.
   // The payment condition counts too, unless semFornecedor is set and comCondicao is not.
   bool Igual(const CKXDadosCM_OrdemCompra& outra, int semFornecedor, int comCondicao) const;

@@ -16,7 +16,7 @@
 // complement, the first three lines.
 class KX_API CKXDadosCM_RateioOrdemCompra : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RateioOrdemCompra, CKXDadosCM_RateioBase, tagREG_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RateioOrdemCompra
 #define KX_TABELA "oc/tagREG_RATEIO_COMPRAPS.def"
@@ -34,7 +34,7 @@ class KX_API CKXDadosCM_RateioOrdemCompra : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_RecebimentoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RecebimentoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_RECEBIMENTO_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_RecebimentoOrdemCompra, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_RecebimentoOrdemCompra
@@ -53,7 +53,7 @@ class KX_API CKXDadosCM_RecebimentoOrdemCompra : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ProgramacaoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ProgramacaoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_PROGRAMACAO_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ProgramacaoOrdemCompra, Recebimento, CKXDadosCM_RecebimentoOrdemCompra)
 
 #define KX_CLASSE CKXDadosCM_ProgramacaoOrdemCompra
@@ -72,7 +72,7 @@ class KX_API CKXDadosCM_ProgramacaoOrdemCompra : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ItemTotaisOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemTotaisOrdemCompra, TKXCMBaseParaDados,
                         tagREG_ITEM_TOTAIS_ORDEMPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_ItemTotaisOrdemCompra
 #define KX_TABELA "oc/tagREG_ITEM_TOTAIS_ORDEMPS.def"
@@ -88,7 +88,7 @@ class KX_API CKXDadosCM_ItemTotaisOrdemCompra : public TKXCMBaseParaDados {
 // an item whose totals are still to be computed equals itself with them.
 class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemOrdemCompra, TKXCMBaseParaDados, tagREG_ITENS_ORDEMPS)
-  KX_CONVERSAO_DIRETA("DadosOC")
+  KX_CONVERSAO_DIRETA
   // Whether the screen shows the item's children.
   KX_MEMBRO(CKXDadosCM_ItemOrdemCompra, bool, ExpandirGrid)
   KX_COLECAO(CKXDadosCM_ItemOrdemCompra, Rateio, CKXDadosCM_RateioOrdemCompra)
@@ -121,7 +121,7 @@ class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
 
   template <class V>
   static void Partes(V&& v) {
-    v.NaoComparado(&Esta::_ExpandirGrid);
+    v.Auxiliar(&Esta::_ExpandirGrid);
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Lista(&Esta::_ListaProgramacao, &Registro::ListaProgramacao, &Registro::QtdProgramacao);
     v.ListaNaoComparada(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);

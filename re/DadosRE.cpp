@@ -19,6 +19,13 @@ namespace {
 
 constexpr const char* kFonte = "DadosRE";
 
+void ZeraCondicao(tagREG_ENTRADAPS& registro) {
+  registro.PonteiroTipoPeriodo = 0;
+  registro.PonteiroTipoCobranca = 0;
+  registro.DataPrimeiroVencimento = {};
+  registro.PonteiroCondicaoPagamento = 0;
+}
+
 template <class T>
 CKXCurrencyEx Soma(const CKXVector<T>& lista, const CY& (T::*getter)() const) {
   CKXCurrencyEx soma;
@@ -59,6 +66,8 @@ CKXDadosCM_RERegistroEntrada& CKXDadosCM_RERegistroEntrada::CopiarDe(const Regis
   _CondicaoPagamento.SetPonteiroTipoCobranca(_Reg.PonteiroTipoCobranca);
   _CondicaoPagamento.SetDataPrimeiroVencimento(_Reg.DataPrimeiroVencimento);
   _CondicaoPagamento.SetPonteiroCondicaoPagamento(_Reg.PonteiroCondicaoPagamento);
+  // From here on the payment condition alone holds them.
+  ZeraCondicao(_Reg);
   kx::LeLista(_CondicaoPagamento.GetListaParcela(), origem->ListaParcela, origem->QtdParcela);
   kx::LeLista(_CondicaoPagamento.GetListaTituloImposto(), origem->ListaTituloImposto,
               origem->QtdTituloImposto);

@@ -23,7 +23,7 @@
 // An invoice that the entry refers to, over tagREG_NF_REFERIDASPS (96 bytes).
 class KX_API CKXDadosCM_RENFReferidas : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RENFReferidas, TKXCMBaseParaDados, tagREG_NF_REFERIDASPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RENFReferidas
 #define KX_TABELA "re/tagREG_NF_REFERIDASPS.def"
@@ -34,7 +34,7 @@ class KX_API CKXDadosCM_RENFReferidas : public TKXCMBaseParaDados {
 // unbounded text.
 class KX_API CKXDadosCM_REObservacaoCFOP : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REObservacaoCFOP, TKXCMBaseParaDados, tagREG_OBSERVACAO_CFOPPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REObservacaoCFOP, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_REObservacaoCFOP
@@ -140,9 +140,9 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
     v.Texto(&Esta::_ObservacaoFisco, &Registro::ObservacaoFisco, kMaximoObservacao);
     v.NaoComparado(&Esta::_Vinculo);
     v.NaoComparado(&Esta::_FornecedorRecebimento);
-    v.NaoComparado(&Esta::_IgnorarVerificacaoAssocicaoOCProduto);
-    v.NaoComparado(&Esta::_IgnorarDestinosDiferentesProduto);
-    v.NaoComparado(&Esta::_IgnorarDestinosDiferentesServico);
+    v.Auxiliar(&Esta::_IgnorarVerificacaoAssocicaoOCProduto);
+    v.Auxiliar(&Esta::_IgnorarDestinosDiferentesProduto);
+    v.Auxiliar(&Esta::_IgnorarDestinosDiferentesServico);
     v.Lista(&Esta::_ListaProduto, &Registro::ListaProduto, &Registro::QtdProduto);
     v.Lista(&Esta::_ListaServico, &Registro::ListaServico, &Registro::QtdServico);
     v.Lista(&Esta::_ListaAssociacaoREOC, &Registro::ListaAssociacaoREOC,
@@ -152,8 +152,8 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaObservacoesCFOP, &Registro::ListaObservacoesCFOP,
             &Registro::QtdObservacoesCFOP);
     v.Local(&Esta::_ListaPosicaoProdutoRecebimento);
-    v.NaoComparado(&Esta::_LiberouAlteracaoVlrUnitOC);
-    v.NaoComparado(&Esta::_Integrar);
+    v.Auxiliar(&Esta::_LiberouAlteracaoVlrUnitOC);
+    v.Auxiliar(&Esta::_Integrar);
   }
 
  private:

@@ -11,7 +11,7 @@
 // One component of a composed product, over _REG_ITEM_ENTRADA_COMPOSICAOPS (120 bytes).
 class KX_API CKXDadosCM_REComposicao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REComposicao, TKXCMBaseParaDados, _REG_ITEM_ENTRADA_COMPOSICAOPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_REComposicao
 #define KX_TABELA "re/_REG_ITEM_ENTRADA_COMPOSICAOPS.def"
@@ -29,7 +29,7 @@ class KX_API CKXDadosCM_REComposicao : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REEntradaEstoque : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REEntradaEstoque, CKXDadosCM_RateioBase,
                         _REG_ENTRADA_ESTOQUE_ENTRADAPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REEntradaEstoque, CString, ArmaFogo_Descricao)
   KX_COLECAO(CKXDadosCM_REEntradaEstoque, GerencialSaida, TKXGerencial)
   KX_COLECAO(CKXDadosCM_REEntradaEstoque, Composicao, CKXDadosCM_REComposicao)

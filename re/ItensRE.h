@@ -18,7 +18,7 @@
 class KX_API CKXDadosCM_REItemAssociacaoREOC : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemAssociacaoREOC, TKXCMBaseParaDados,
                         tagREG_ASSOCIACAO_ITEM_RE_OCPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REItemAssociacaoREOC, bool, CancelarItem)
   KX_MEMBRO(CKXDadosCM_REItemAssociacaoREOC, bool, EhIncluirTodos)
 
@@ -29,15 +29,15 @@ class KX_API CKXDadosCM_REItemAssociacaoREOC : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.NaoComparado(&Esta::_CancelarItem);
-    v.NaoComparado(&Esta::_EhIncluirTodos);
+    v.Auxiliar(&Esta::_CancelarItem);
+    v.Auxiliar(&Esta::_EhIncluirTodos);
   }
 };
 
 // Profit-margin line of a product item, over tagREG_MARGEMLUCROPS (56 bytes).
 class KX_API CKXDadosCM_REMargemLucro : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REMargemLucro, TKXCMBaseParaDados, tagREG_MARGEMLUCROPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   friend class CKXDadosCM_REFormacaoPrecoVenda;
 
 #define KX_CLASSE CKXDadosCM_REMargemLucro
@@ -48,7 +48,7 @@ class KX_API CKXDadosCM_REMargemLucro : public TKXCMBaseParaDados {
 // Sale-price formation: a margin record and the place in the entry to which it belongs.
 class KX_API CKXDadosCM_REFormacaoPrecoVenda : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REFormacaoPrecoVenda, TKXCMBaseParaDados, tagREG_MARGEMLUCROPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, std::int32_t, PosicaoProduto)      // index of the item
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, std::int32_t, PosicaoMargemLucro)  // index in the item
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, _REG_POSICAO_PRODUTOPS, RegPosicaoProduto)
@@ -75,7 +75,7 @@ class KX_API CKXDadosCM_REFormacaoPrecoVenda : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REItemProdutoTotais : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemProdutoTotais, TKXCMBaseParaDados,
                         tagREG_ITEM_TOTAIS_ENTRADAPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
 
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REItemProdutoTotais::*)() const;
 
@@ -101,7 +101,7 @@ class KX_API CKXDadosCM_REItemBase : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemProduto, CKXDadosCM_REItemBase,
                         tagREG_ITEM_ENTRADA_PRODUTOPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REItemProduto, CString, MascaraTagLote)
   KX_COLECAO(CKXDadosCM_REItemProduto, Rateio, CKXDadosCM_RERateioProduto)
   KX_COLECAO(CKXDadosCM_REItemProduto, MargemLucro, CKXDadosCM_REMargemLucro)
@@ -150,7 +150,7 @@ class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
 class KX_API CKXDadosCM_REItemServico : public CKXDadosCM_REItemBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemServico, CKXDadosCM_REItemBase,
                         tagREG_ITEM_ENTRADA_SERVICOPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_REItemServico, Rateio, CKXDadosCM_RERateioServico)
   KX_COLECAO(CKXDadosCM_REItemServico, Imposto, CKXDadosCM_ItemImposto)
   KX_COLECAO(CKXDadosCM_REItemServico, ProcessoRetencaoAjuizada,

@@ -15,7 +15,7 @@
 class KX_API CKXDadosCM_RERateioProduto : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RERateioProduto, CKXDadosCM_RateioBase,
                         tagREG_RATEIOPRODUTO_ENTRADAPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialOrigem, TKXGerencial)
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialFilialClassificacao, TKXGerencial)
 
@@ -44,7 +44,7 @@ class KX_API CKXDadosCM_RERateioProduto : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_RERateioServico : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RERateioServico, CKXDadosCM_RateioBase,
                         tagREG_RATEIOSERVICO_ENTRADAPS)
-  KX_CONVERSAO_DIRETA("DadosRE")
+  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_RERateioServico, GerencialFilialClassificacao, TKXGerencial)
 
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_RERateioServico::*)() const;

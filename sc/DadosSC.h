@@ -29,7 +29,7 @@
 class KX_API CKXDadosCM_SCRateio : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCRateio, CKXDadosCM_RateioBase,
                         tagREG_SOLICITACAO_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA("DadosSC")
+  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_SCRateio
 #define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
@@ -47,7 +47,7 @@ class KX_API CKXDadosCM_SCRateio : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_SCFornecedor : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCFornecedor, TKXCMBaseParaDados,
                         tagREG_SOLICITACAO_COMPRA_FORNECEDORPS)
-  KX_CONVERSAO_DIRETA("DadosSC")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_SCFornecedor, CString, NomeFornecedor)
   KX_MEMBRO(CKXDadosCM_SCFornecedor, CString, Observacao)
 
@@ -72,7 +72,7 @@ class KX_API CKXDadosCM_SCFornecedor : public TKXCMBaseParaDados {
 // Equality compares every field but Integrado, the texts and the lines in their order.
 class KX_API CKXDadosCM_SCItem : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCItem, TKXCMBaseParaDados, tagREG_SOLICITACAO_COMPRA_ITEMPS)
-  KX_CONVERSAO_DIRETA("DadosSC")
+  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_SCItem, CString, Complemento)
   KX_MEMBRO(CKXDadosCM_SCItem, CString, Observacao)
   KX_COLECAO(CKXDadosCM_SCItem, Rateio, CKXDadosCM_SCRateio)

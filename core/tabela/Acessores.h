@@ -3,14 +3,23 @@
 //   fields: const T& Get<Field>() const; T& Get<Field>(); KX_CLASSE& Set<Field>(const T&)
 //   texts:  CString Get<Field>() const; KX_CLASSE& Set<Field>(const CString&), which reports a text
 //           that is too long with KX_FONTE and the row's line (core/TextoFixo.h)
+// With KX_LE_POR_VALOR defined, fields have the one getter T Get<Field>() const.
 #ifndef KX_TABELA
 #error "core/tabela/Acessores.h: define KX_TABELA, KX_CLASSE and KX_FONTE"
 #endif
 
+#ifdef KX_LE_POR_VALOR
+#define KX_LEITURA(Tipo, Nome) \
+  Tipo Get##Nome() const { return _Reg.Nome; }
+#else
+#define KX_LEITURA(Tipo, Nome)                        \
+  const Tipo& Get##Nome() const { return _Reg.Nome; } \
+  Tipo& Get##Nome() { return _Reg.Nome; }
+#endif
+
 #define KX_INICIO(Registro, Larg, Significado)
 #define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado) \
-  const Tipo& Get##Nome() const { return _Reg.Nome; }         \
-  Tipo& Get##Nome() { return _Reg.Nome; }                     \
+  KX_LEITURA(Tipo, Nome)                                      \
   KX_CLASSE& Set##Nome(const Tipo& valor) {                   \
     _Reg.Nome = valor;                                        \
     return *this;                                             \
@@ -35,11 +44,14 @@
 #define KX_BLOCO(Posicao, Nome, Significado)
 #define KX_TAMANHO(Posicao, Nome)
 #define KX_CORRIDO(Posicao, Nome, Significado)
+#define KX_TERMINADO(Posicao, Nome, Significado)
 #define KX_RESERVA(Posicao, Larg, Igualdade)
 #define KX_ZERO(Posicao, Larg)
 #define KX_CONTA(Posicao, X)
 #define KX_LISTA(Posicao, Elemento, X, Significado)
 #define KX_FIM(Registro)
 #include KX_TABELA
+#undef KX_LEITURA
+#undef KX_LE_POR_VALOR
 #undef KX_TABELA
 #undef KX_CLASSE

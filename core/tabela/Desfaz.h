@@ -8,6 +8,7 @@
 #undef KX_HISTORICO
 #undef KX_TAMANHO
 #undef KX_CORRIDO
+#undef KX_TERMINADO
 #undef KX_RESERVA
 #undef KX_ZERO
 #undef KX_CONTA

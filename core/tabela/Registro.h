@@ -13,6 +13,8 @@
 //   KX_TAMANHO(offset, name)                                 16-bit size of a KX_CORRIDO text
 //   KX_CORRIDO(offset, name, meaning)                        text as a bare pointer; the size, the
 //                                                            terminator included, is elsewhere
+//   KX_TERMINADO(offset, name, meaning)                      the same, but no size anywhere: the
+//                                                            text ends at its terminator
 //   KX_RESERVA(offset, width, equality)                      carried unchanged
 //   KX_ZERO   (offset, width)                                spare bytes that do not travel
 //   KX_CONTA  (offset, list)                                 16-bit count of a child array
@@ -38,6 +40,7 @@
 #define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) char Nome[Larg];
 #define KX_TAMANHO(Posicao, Nome) std::uint16_t Tamanho##Nome;
 #define KX_CORRIDO(Posicao, Nome, Significado) char* Texto##Nome;
+#define KX_TERMINADO(Posicao, Nome, Significado) char* Texto##Nome;
 #define KX_RESERVA(Posicao, Larg, Igualdade) std::uint8_t Reserva_##Posicao[Larg];
 #define KX_ZERO(Posicao, Larg) std::uint8_t Reserva_##Posicao[Larg];
 #define KX_CONTA(Posicao, X) std::uint16_t Qtd##X;
@@ -73,6 +76,9 @@
 #define KX_CORRIDO(Posicao, Nome, Significado) \
   KX_PROVA(Posicao, Texto##Nome, 8)            \
   visitante.TextoCorrido(reg.Texto##Nome, reg.Tamanho##Nome);
+#define KX_TERMINADO(Posicao, Nome, Significado) \
+  KX_PROVA(Posicao, Texto##Nome, 8)              \
+  visitante.TextoTerminado(reg.Texto##Nome);
 #define KX_RESERVA(Posicao, Larg, Igualdade) KX_PROVA(Posicao, Reserva_##Posicao, Larg)
 #define KX_ZERO(Posicao, Larg)               \
   KX_PROVA(Posicao, Reserva_##Posicao, Larg) \
@@ -115,6 +121,8 @@
    nullptr},
 #define KX_CORRIDO(Posicao, Nome, Significado) \
   {"Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, KXPapel::Corrido, 0, Significado, nullptr},
+#define KX_TERMINADO(Posicao, Nome, Significado) \
+  {"Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, KXPapel::Terminado, 0, Significado, nullptr},
 #define KX_ZERO(Posicao, Larg) \
   {"Reserva_" #Posicao, Posicao, Larg, KXTipoCampo::Bytes, KXPapel::Zero, 0, "zero", nullptr},
 #define KX_RESERVA(Posicao, Larg, Igualdade)                                            \

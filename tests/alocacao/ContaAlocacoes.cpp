@@ -8,10 +8,12 @@ namespace {
 
 std::atomic<long long> gVivas{0};
 std::atomic<long long> gFeitas{0};
+std::atomic<long long> gBytes{0};
 std::atomic<long long> gAteFalhar{0};
 
 void* Aloca(std::size_t tamanho) noexcept {
   ++gFeitas;
+  gBytes += static_cast<long long>(tamanho);
   if (gAteFalhar.load() > 0 && --gAteFalhar == 0) return nullptr;
   void* memoria = std::malloc(tamanho != 0 ? tamanho : 1);
   if (memoria != nullptr) ++gVivas;
@@ -37,6 +39,8 @@ namespace apoio {
 long long AlocacoesVivas() noexcept { return gVivas; }
 
 long long AlocacoesFeitas() noexcept { return gFeitas; }
+
+long long BytesPedidos() noexcept { return gBytes; }
 
 void FalhaNaAlocacao(long long n) noexcept { gAteFalhar = n; }
 

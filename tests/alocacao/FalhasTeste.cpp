@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <type_traits>
 
 #include "tests/apoio/ClassesDeRegistro.h"
 #include "tests/apoio/ContaAlocacoes.h"
@@ -30,6 +31,10 @@ void FalhaEmCadaAlocacao(Acao acao, Depois depois) {
   }
 }
 
+// An installment releases its own array alone; its taxes have releases of their own.
+template <class Classe>
+inline constexpr bool kLiberaTudo = !std::is_same_v<Classe, CKXDadosCM_Parcela>;
+
 template <class Classe>
 class Falhas : public ::testing::Test {};
 TYPED_TEST_SUITE(Falhas, apoio::ClassesDeRegistro);
@@ -44,9 +49,24 @@ TYPED_TEST(Falhas, CopiarPara) {
                       [&] { kx::LiberaRegistro(&destino, kx::Alocador::Tarefa); });
 }
 
+TYPED_TEST(Falhas, CadaLiberacaoLevaTudo) {
+  if constexpr (kLiberaTudo<TypeParam>) {
+    using REG = typename TypeParam::Registro;
+    const auto confere = [](kx::Alocador alocador, void (*libera)(REG*)) {
+      const long long vivas = apoio::AlocacoesVivas();
+      apoio::RegistroAleatorio<REG> registro(23, true, alocador);
+      libera(&registro.Reg);
+      EXPECT_EQ(apoio::OQueFicou(KXMetadados<REG>::kInfo, &registro.Reg), "");
+      EXPECT_EQ(apoio::AlocacoesVivas(), vivas);
+    };
+    confere(kx::Alocador::Delete, TypeParam::ZerarDelete);
+    confere(kx::Alocador::Tarefa, TypeParam::ZerarGlobalAlloc);
+  }
+}
+
 TYPED_TEST(Falhas, CopiarDeECopia) {
   using REG = typename TypeParam::Registro;
-  const apoio::RegistroAleatorio<REG> original(22);
+  const apoio::RegistroAleatorio<REG> original(22, true);
   TypeParam inteiro;
   inteiro.CopiarDe(&original.Reg);
   const auto tenta = [&](auto acao) {
@@ -71,6 +91,16 @@ TYPED_TEST(Falhas, CopiarDeECopia) {
   tenta([&](TypeParam& objeto) { objeto.CopiarDe(&original.Reg); });
   tenta([&](TypeParam& objeto) { objeto = inteiro; });
   FalhaEmCadaAlocacao([&] { const TypeParam copia(inteiro); }, [] {});
+}
+
+TEST(Alocacoes, TextoLidoTomaOQueTemENaoOQueDiz) {
+  alignas(4096) char pagina[4096] = "abc";
+  KXStringPS texto{};
+  texto.Tamanho = 0xFFFFFFFF;
+  texto.Texto = pagina;
+  const long long antes = apoio::BytesPedidos();
+  EXPECT_EQ(kx::LeTexto(texto, "FalhasTeste", __LINE__).Vista(), "abc");
+  EXPECT_LT(apoio::BytesPedidos() - antes, 1000);
 }
 
 TEST(Alocacoes, EntradaVaziaNaoAloca) {

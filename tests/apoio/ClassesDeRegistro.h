@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "ac/DadosAC.h"
+#include "cc/DadosCC.h"
 #include "core/Financeiro.h"
 #include "core/Rateio.h"
 #include "cp/DadosCP.h"
+#include "ct/DadosCT.h"
 #include "oc/DadosOC.h"
 #include "re/DadosRE.h"
 #include "sc/DadosSC.h"
@@ -24,6 +27,10 @@ using ClassesDeRegistro = ::testing::Types<
     CKXDadosCM_CancelamentoOrdemCompra, CKXDadosCM_OrdemCompra, CKXDadosCM_SCRateio,
     CKXDadosCM_SCFornecedor, CKXDadosCM_SCItem, CKXDadosCM_SCSolicitacaoCompra,
     CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_FornecedorCotacaoPreco, CKXDadosCM_ItemCotacaoPreco,
-    CKXDadosCM_AcompanhamentoCotacaoPreco, CKXDadosCM_CotacaoPreco>;
+    CKXDadosCM_AcompanhamentoCotacaoPreco, CKXDadosCM_CotacaoPreco, CKXDadosCM_ACUsuario,
+    CKXDadosCM_ACUsuarios, CKXDadosCM_ACAutorizacaoCompra, CKXDadosCM_CTNotaFiscal,
+    CKXDadosCM_CTRateio, CKXDadosCM_CTConhecimentoTransporte, CKXDadosCM_CCAditivo,
+    CKXDadosCM_CCReajuste, CKXDadosCM_CCNotaFiscal, CKXDadosCM_CCClassificacao,
+    CKXDadosCM_CCExecucao, CKXDadosCM_CCParcela, CKXDadosCM_CCUsuario, CKXDadosCM_CCContrato>;
 
 }  // namespace apoio

@@ -10,6 +10,9 @@ namespace apoio {
 long long AlocacoesVivas() noexcept;
 long long AlocacoesFeitas() noexcept;
 
+// Bytes asked for since the program began.
+long long BytesPedidos() noexcept;
+
 // Makes the n-th allocation from now on fail (1 is the next one), once; 0 takes it back.
 void FalhaNaAlocacao(long long n) noexcept;
 

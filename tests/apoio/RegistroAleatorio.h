@@ -2,6 +2,7 @@
 // use them. Arrays and texts come from the task allocator.
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 #include <string>
@@ -50,15 +51,14 @@ inline bool EhTextoFixo(const KXCampo& campo) {
   return campo.Tipo == KXTipoCampo::Texto || campo.Tipo == KXTipoCampo::Historico;
 }
 
-inline void PreencheTexto(Gerador& gerador, KXStringPS& destino) {
+inline void PreencheTexto(Gerador& gerador, KXStringPS& destino, kx::Alocador alocador) {
   const std::string texto = TextoAleatorio(gerador, 40);
-  kx::EscreveTexto(CString(std::string_view(texto)), &destino, kx::Alocador::Tarefa,
-                   kx::kSemLimite);
+  kx::EscreveTexto(CString(std::string_view(texto)), &destino, alocador, kx::kSemLimite);
 }
 
 // Fills every byte of the record, and up to `filhos` elements in every child array.
-inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registro,
-                     unsigned filhos) {
+inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registro, unsigned filhos,
+                     kx::Alocador alocador = kx::Alocador::Tarefa) {
   auto* bytes = static_cast<unsigned char*>(registro);
   for (std::uint32_t i = 0; i < info.Tamanho; ++i) {
     bytes[i] = static_cast<unsigned char>(Sorteia(gerador, 255));
@@ -66,16 +66,16 @@ inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registr
   for (const KXCampo& campo : info.Campos) {
     unsigned char* inicio = bytes + campo.Posicao;
     if (campo.Papel == KXPapel::Bloco) {
-      PreencheTexto(gerador, *reinterpret_cast<KXStringPS*>(inicio));
+      PreencheTexto(gerador, *reinterpret_cast<KXStringPS*>(inicio), alocador);
     } else if (campo.Papel == KXPapel::Lista) {
       const auto quantos = static_cast<std::uint16_t>(Sorteia(gerador, filhos));
       unsigned char* array = nullptr;
       if (quantos > 0) {
-        array = kx::AlocaArray<unsigned char>(kx::Alocador::Tarefa,
-                                              std::size_t{quantos} * campo.Elemento->Tamanho);
+        array =
+            kx::AlocaArray<unsigned char>(alocador, std::size_t{quantos} * campo.Elemento->Tamanho);
       }
       for (std::size_t i = 0; i < quantos; ++i) {
-        Preenche(gerador, *campo.Elemento, array + i * campo.Elemento->Tamanho, filhos);
+        Preenche(gerador, *campo.Elemento, array + i * campo.Elemento->Tamanho, filhos, alocador);
       }
       std::memcpy(inicio, &array, sizeof(array));
       std::memcpy(bytes + ContaDe(info, campo).Posicao, &quantos, sizeof(quantos));
@@ -83,6 +83,10 @@ inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registr
       const std::string texto = TextoAleatorio(gerador, 40);
       kx::EscreveTexto(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
                        *reinterpret_cast<std::uint16_t*>(bytes + TamanhoDe(info, campo).Posicao),
+                       alocador);
+    } else if (campo.Papel == KXPapel::Terminado) {
+      const std::string texto = TextoAleatorio(gerador, 40);
+      kx::EscreveTexto(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
                        kx::Alocador::Tarefa);
     } else if (EhTextoFixo(campo)) {
       const std::string texto = TextoAleatorio(gerador, campo.Largura - 1U);
@@ -124,7 +128,7 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
            std::memcmp(textoA.Texto, textoB.Texto, textoA.Tamanho) != 0)) {
         return onde;
       }
-    } else if (campo.Papel == KXPapel::Corrido) {
+    } else if (campo.Papel == KXPapel::Corrido || campo.Papel == KXPapel::Terminado) {
       const char* textoA = *reinterpret_cast<char* const*>(campoA);
       const char* textoB = *reinterpret_cast<char* const*>(campoB);
       if ((textoA == nullptr) != (textoB == nullptr) ||
@@ -138,16 +142,31 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
   return {};
 }
 
+// The first count, size, pointer or text of the record that a release left; empty when none is.
+inline std::string OQueFicou(const KXRegistroInfo& info, const void* registro) {
+  for (const KXCampo& campo : info.Campos) {
+    if (campo.Papel < KXPapel::Bloco) continue;  // the roles after it own memory or measure it
+    const auto* inicio = static_cast<const unsigned char*>(registro) + campo.Posicao;
+    if (std::any_of(inicio, inicio + campo.Largura, [](unsigned char c) { return c != 0; })) {
+      return campo.Nome;
+    }
+  }
+  return {};
+}
+
 // A record with random contents that releases what it owns.
 template <class REG>
 class RegistroAleatorio {
  public:
-  explicit RegistroAleatorio(unsigned semente, unsigned filhos = 3) {
+  // A record with what is received and never sent, an order's cancellations, does not come back the
+  // same; it has them only when asked to.
+  explicit RegistroAleatorio(unsigned semente, bool comCancelamentos = false,
+                             kx::Alocador alocador = kx::Alocador::Tarefa) {
     Gerador gerador(semente);
-    Preenche(gerador, KXMetadados<REG>::kInfo, &Reg, filhos);
-    // Cancellations are received and never sent: a record with them does not come back the same.
+    Preenche(gerador, KXMetadados<REG>::kInfo, &Reg, 3, alocador);
     if constexpr (requires { Reg.ListaCancelamento; }) {
-      kx::Liberador{kx::Alocador::Tarefa}.Lista(Reg.ListaCancelamento, Reg.QtdCancelamento);
+      if (comCancelamentos) return;
+      kx::Liberador{alocador}.Lista(Reg.ListaCancelamento, Reg.QtdCancelamento);
     }
   }
   RegistroAleatorio(const RegistroAleatorio&) = delete;

@@ -21,6 +21,7 @@
 #define KX_BLOCO(Posicao, Nome, Significado)
 #define KX_TAMANHO(Posicao, Nome)
 #define KX_CORRIDO(Posicao, Nome, Significado)
+#define KX_TERMINADO(Posicao, Nome, Significado)
 #define KX_RESERVA(Posicao, Larg, Igualdade)
 #define KX_ZERO(Posicao, Larg)
 #define KX_CONTA(Posicao, X)

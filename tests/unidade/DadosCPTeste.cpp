@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cp/DadosCP.h"
+#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -53,12 +54,22 @@ TEST(Cotacao, IndicesForaDasColecoesViajamComoEstao) {
   EXPECT_TRUE(volta == cotacao);
 }
 
+TEST(Cotacao, CamposForaDaIgualdade) {
+  using apoio::ForaDaIgualdade;
+  using apoio::Nomes;
+  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOPS>(),
+            (Nomes{"RegQuemGerou", "RegChaveHistoricoAnterior", "DataUltimaAlteracao",
+                   "HoraUltimaAlteracao", "PonteiroEsteCP", "PonteiroUsuarioAlteracao",
+                   "PonteiroUsuarioInclusao", "WEB", "Excluido"}));
+  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOITEMFORNECEDORPS>(), Nomes{"EmailCotacaoWebEnviado"});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOITEMPRODUTOPS>(), Nomes{});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOACOMPANHAMENTOPS>(), Nomes{});
+}
+
 TEST(Cotacao, LogsNaoContamEVinculoConta) {
-  Cotacao a;
-  a.SetPonteiroFilial(2);
+  const Cotacao a;
   Cotacao b = a;
-  b.AdicionaLogs("linha").SetExcluido(1).SetWEB(1).SetPonteiroUsuarioInclusao(3);
-  b.SetPonteiroEsteCP(4).SetRegQuemGerou({{1, 1, 2026}, 5}).SetDataUltimaAlteracao({1, 1, 2026});
+  b.AdicionaLogs("linha");
   EXPECT_TRUE(a == b);
   b.GetRefVinculo().SetTipo(1);
   EXPECT_FALSE(a == b);
@@ -83,8 +94,6 @@ TEST(CotacaoFornecedor, CondicaoEDesconsiderarContamMasNaoViajam) {
   Fornecedor a;
   a.SetNomeFornecedor("Silva").SetPonteiroFornecedor(5);
   Fornecedor b = a;
-  b.SetEmailCotacaoWebEnviado('S');
-  EXPECT_TRUE(a == b);
   b.GetCondicaoPagamento().AdicionaParcela(CKXDadosCM_Parcela().SetValor(CY{10000}));
   EXPECT_FALSE(a == b);
   Fornecedor c = a;
@@ -97,12 +106,10 @@ TEST(CotacaoFornecedor, CondicaoEDesconsiderarContamMasNaoViajam) {
   EXPECT_TRUE(volta.GetFornecedor(1) == a);
 }
 
-TEST(CotacaoItem, ComparaPosicaoERateioMasNaoAMarcaDaTela) {
+TEST(CotacaoItem, ComparaRateioMasNaoReservaNemMarcaDaTela) {
   const Item original;
   EXPECT_TRUE(Item().SetDesconsiderarRateio(true) == original);
   EXPECT_TRUE(Item().SetPosicaoProduto({0, 0, 0, 0, {1, 2, 3, 4, 5, 6}}) == original);
-  EXPECT_FALSE(Item().SetPonteiroProdutoServico(-1) == original);
-  EXPECT_FALSE(Item().SetPonteiroItemGrade3(1) == original);
   EXPECT_FALSE(Item().AdicionaRateio(CKXDadosCM_RateioCotacaoPreco()) == original);
 }
 

@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <set>
 #include <string>
 
 #include "oc/DadosOC.h"
+#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -96,64 +96,95 @@ TEST(OrdemCompra, CompetenciaVemAntesDaEmissao) {
   }
 }
 
-// The expected answers are those of Igual(x, 0, 0), (x, 0, 1), (x, 1, 0), (x, 1, 1) and ==, one bit
-// each from the left.
-struct CasoIgual {
-  const char* Nome;
-  void (*Muda)(Ordem&);
-  const char* Esperado;
-};
+// The answers of Igual(x, 0, 0), (x, 0, 1), (x, 1, 0), (x, 1, 1) and ==, one bit each from the
+// left.
+std::string Respostas(const Ordem& ordem, const Ordem& outra) {
+  std::string respostas;
+  for (const bool resposta : {ordem.Igual(outra, 0, 0), ordem.Igual(outra, 0, 1),
+                              ordem.Igual(outra, 1, 0), ordem.Igual(outra, 1, 1), ordem == outra}) {
+    respostas += resposta ? '1' : '0';
+  }
+  return respostas;
+}
 
-TEST(OrdemCompra, IgualVeOConteudoComercial) {
-  const CasoIgual casos[] = {
+TEST(OrdemCompra, IgualVeCondicaoTextoEContas) {
+  const struct {
+    const char* Nome;
+    void (*Muda)(Ordem&);
+    const char* Esperado;
+  } casos[] = {
       {"nada", [](Ordem&) {}, "11111"},
-      {"auditoria",
-       [](Ordem& o) {
-         o.SetRegDataUltimaAlteracao({{1, 1, 2026}, {}}).SetPonteiroUsuarioAlteracao(4);
-         o.SetPonteiroUsuarioInclusao(4).SetStatusAutorizacao(1).SetEmailStatusOCPendente(1);
-       },
-       "11111"},
-      {"fornecedor", [](Ordem& o) { o.SetPonteiroFornecedor(1); }, "00110"},
-      {"departamento", [](Ordem& o) { o.SetPonteiroDepartamento(1); }, "00110"},
-      {"comprador", [](Ordem& o) { o.SetPonteiroComprador(1); }, "00110"},
       {"condicao", [](Ordem& o) { o.GetCondicaoPagamento().AdicionaParcela({}); }, "00100"},
-      {"total de produtos", [](Ordem& o) { o.SetValorTotalProdutos({}); }, "11110"},
-      {"total de servicos", [](Ordem& o) { o.SetValorTotalServicos({1}); }, "11110"},
-      {"local", [](Ordem& o) { o.SetLocalEntrega("doca 2"); }, "11110"},
-      {"desconto", [](Ordem& o) { o.SetValorDescontoTotalServicos({1}); }, "00000"},
-      {"necessidade",
-       [](Ordem& o) {
-         o.SetRegDataNecessidade({1, 1, 2026});
-       },
-       "00000"},
-      {"moeda", [](Ordem& o) { o.SetMoeda("USD"); }, "00000"},
       {"mais um item", [](Ordem& o) { o.AdicionaItem(Item()); }, "00000"},
-      {"preco", [](Ordem& o) { o.GetRefItem(0).SetValorUnitarioV8({1}); }, "00000"},
-      {"grade", [](Ordem& o) { o.GetRefItem(0).SetPonteiroItemGrade3(1); }, "00000"},
-      {"status", [](Ordem& o) { o.GetRefItem(0).SetStatus(1); }, "11110"},
-      {"complemento de produto", [](Ordem& o) { o.GetRefItem(0).SetComplemento("preto"); },
-       "11110"},
-      {"texto livre", [](Ordem& o) { o.GetRefItem(1).SetComplemento("cadeira"); }, "00000"},
       {"entrega a mais", [](Ordem& o) { o.GetRefItem(0).AdicionaProgramacao({}); }, "11110"},
       {"rateio a mais", [](Ordem& o) { o.GetRefItem(1).AdicionaRateio({}); }, "00000"},
-      {"valor do rateio", [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).SetValor({1}); }, "00000"},
-      {"departamento do rateio",
-       [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).SetPonteiroDepartamento(1); }, "11110"},
       {"gerencial",
        [](Ordem& o) { o.GetRefItem(0).GetRefRateio(0).GetRefGerencial(0).SetValor({1}); }, "00000"},
   };
   const Ordem ordem = OrdemCompleta();
-  for (const CasoIgual& caso : casos) {
+  for (const auto& caso : casos) {
     Ordem outra = ordem;
     caso.Muda(outra);
-    std::string respostas;
-    for (const bool resposta :
-         {ordem.Igual(outra, 0, 0), ordem.Igual(outra, 0, 1), ordem.Igual(outra, 1, 0),
-          ordem.Igual(outra, 1, 1), ordem == outra}) {
-      respostas += resposta ? '1' : '0';
-    }
-    EXPECT_EQ(respostas, caso.Esperado) << caso.Nome;
+    EXPECT_EQ(Respostas(ordem, outra), caso.Esperado) << caso.Nome;
     EXPECT_TRUE(ordem.Igual(&outra)) << "the base's answer";
+  }
+}
+
+// The fields of one part of the order's record that decide Igual, each tried by changing its first
+// byte.
+template <class REG>
+apoio::Nomes DecidemIgual(const tagREG_ORDEMPS& registro, REG& parte, int semFornecedor,
+                          int comCondicao) {
+  const Ordem ordem = Ordem().CopiarDe(&registro);
+  apoio::Nomes nomes;
+  for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
+    if (!apoio::TemAcessor(campo)) continue;
+    auto* byte = reinterpret_cast<unsigned char*>(&parte) + campo.Posicao;
+    *byte ^= 1;
+    const Ordem outra = Ordem().CopiarDe(&registro);
+    *byte ^= 1;
+    if (!ordem.Igual(outra, semFornecedor, comCondicao)) nomes.insert(campo.Nome);
+  }
+  return nomes;
+}
+
+TEST(OrdemCompra, IgualVeOConteudoComercial) {
+  const apoio::Nomes fornecedor{"PonteiroFornecedor", "PonteiroDepartamento", "PonteiroComprador"};
+  const apoio::Nomes semFornecedor{"RegDataCompetencia",
+                                   "RegDataNecessidade",
+                                   "Moeda",
+                                   "RegDataEntrega",
+                                   "ValorDescontoTotalProdutos",
+                                   "ValorDescontoTotalServicos",
+                                   "ValorTotalIPI",
+                                   "ValorTotalICMS",
+                                   "ValorTotalICMSST",
+                                   "ValorDescontoNaNota",
+                                   "ValorTotalOrdemCompra",
+                                   "ValorFrete",
+                                   "ValorSeguro",
+                                   "ValorDespesasAcessorias"};
+  const apoio::Nomes produto{"PonteiroTabelaPreco",    "PonteiroProdutoServico",
+                             "PonteiroItemGrade1",     "PonteiroItemGrade2",
+                             "PonteiroItemGrade3",     "Quantidade",
+                             "ValorUnitarioV8",        "DescontoUnitarioV8",
+                             "ValorDescontoTotalItem", "ValorIPI"};
+  const apoio::Nomes rateio{"Quantidade", "Valor", "PonteiroClassificacao"};
+  apoio::Nomes completa = semFornecedor;
+  completa.insert(fornecedor.begin(), fornecedor.end());
+  apoio::Nomes textoLivre = produto;
+  textoLivre.insert("Complemento");
+
+  apoio::RegistroEscrito<tagREG_ORDEMPS> escrito;
+  OrdemCompleta().CopiarPara(&escrito.Reg);
+  tagREG_ORDEMPS& ordem = escrito.Reg;
+  for (const int sem : {0, 1}) {
+    for (const int com : {0, 1}) {
+      EXPECT_EQ(DecidemIgual(ordem, ordem, sem, com), sem == 0 ? completa : semFornecedor);
+      EXPECT_EQ(DecidemIgual(ordem, ordem.ListaItem[0], sem, com), produto);
+      EXPECT_EQ(DecidemIgual(ordem, ordem.ListaItem[1], sem, com), textoLivre);
+      EXPECT_EQ(DecidemIgual(ordem, ordem.ListaItem[0].ListaRateio[0], sem, com), rateio);
+    }
   }
 }
 
@@ -163,18 +194,9 @@ TEST(OrdemCompra, HistoricoSeComparaPorTresLinhas) {
   EXPECT_NE(ordem, Ordem().SetComplementoHistorico("a\nb\nx"));
 }
 
-template <class REG>
-std::set<std::string> ForaDaIgualdade() {
-  std::set<std::string> nomes;
-  for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
-    const bool temAcessor = campo.Papel == KXPapel::Campo || campo.Papel == KXPapel::Parte;
-    if (temAcessor && campo.Igualdade == 0) nomes.insert(campo.Nome);
-  }
-  return nomes;
-}
-
 TEST(OrdemCompra, CamposForaDaIgualdade) {
-  using Nomes = std::set<std::string>;
+  using apoio::ForaDaIgualdade;
+  using apoio::Nomes;
   EXPECT_EQ(ForaDaIgualdade<tagREG_ORDEMPS>(),
             (Nomes{"RegDataUltimaAlteracao", "RegChaveEsteOC", "RegAutorizadoNaData",
                    "PonteiroGerencial", "PonteiroUsuarioAlteracao", "PonteiroUsuarioInclusao",

@@ -6,8 +6,11 @@
 #include <span>
 #include <string_view>
 
+#include "ac/RegistrosAC.h"
+#include "cc/RegistrosCC.h"
 #include "compras/KXDadosCompras.h"
 #include "cp/RegistrosCP.h"
+#include "ct/RegistrosCT.h"
 #include "oc/RegistrosOC.h"
 #include "re/RegistrosRE.h"
 #include "sc/RegistrosSC.h"
@@ -263,8 +266,116 @@ constexpr Medida kCotacao[] = {
     POSICAO(tagREG_COTACAOPS, ListaAcompanhamento, 224),
 };
 
-constexpr std::span<const Medida> kAreas[] = {kComuns,  kFinanceiro, kRateio,      kEstoque, kItens,
-                                              kEntrada, kOrdem,      kSolicitacao, kCotacao};
+constexpr Medida kAprovacao[] = {
+    TAMANHO(tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS, 8),
+    POSICAO(tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS, Usuario, 0),
+    TAMANHO(tagREG_CM_AUTORIZACAO_USUARIOS_CMSAUTPS, 24),
+    POSICAO(tagREG_CM_AUTORIZACAO_USUARIOS_CMSAUTPS, QtdUsuarios_OR, 0),
+    POSICAO(tagREG_CM_AUTORIZACAO_USUARIOS_CMSAUTPS, ListaUsuarios_OR, 8),
+    TAMANHO(tagREG_CM_AUTORIZACAO_CMSAUTPS, 192),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, DataValidadeFinal, 12),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, ChaveNivelAnterior, 40),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, PonteiroDepartamento, 52),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, QtdUsuarios_AND, 68),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, Descricao, 94),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, StatusProdutoServico, 165),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, Excluido, 167),
+    POSICAO(tagREG_CM_AUTORIZACAO_CMSAUTPS, ListaUsuarios_AND, 176),
+    TAMANHO(tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS, 8),
+    POSICAO(tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS, ChaveNivelAnterior, 4),
+    TAMANHO(tagREG_CM_LE_LISTA_AC_CMSAUTPS, 16),
+    POSICAO(tagREG_CM_LE_LISTA_AC_CMSAUTPS, QtdAC, 0),
+    POSICAO(tagREG_CM_LE_LISTA_AC_CMSAUTPS, ListaAC, 8),
+};
+
+constexpr Medida kConhecimento[] = {
+    TAMANHO(tagREG_RATEIO_CONHECIMENTOPS, 568),
+    POSICAO(tagREG_RATEIO_CONHECIMENTOPS, Valor, 0),
+    POSICAO(tagREG_RATEIO_CONHECIMENTOPS, QtdGerencial, 18),
+    POSICAO(tagREG_RATEIO_CONHECIMENTOPS, ComplementoHistorico, 22),
+    POSICAO(tagREG_RATEIO_CONHECIMENTOPS, ListaGerencialFilial, 560),
+    TAMANHO(tagREG_NOTAFISCAL_CONHECIMENTOPS, 200),
+    POSICAO(tagREG_NOTAFISCAL_CONHECIMENTOPS, RegDataEmissao, 24),
+    POSICAO(tagREG_NOTAFISCAL_CONHECIMENTOPS, QtdVolumes, 64),
+    POSICAO(tagREG_NOTAFISCAL_CONHECIMENTOPS, NumeroNF, 136),
+    POSICAO(tagREG_NOTAFISCAL_CONHECIMENTOPS, TipoNota, 182),
+    TAMANHO(tagREG_CONHECIMENTOPS, 1288),
+    POSICAO(tagREG_CONHECIMENTOPS, RegCTeReferencia, 24),
+    POSICAO(tagREG_CONHECIMENTOPS, ValorICMSSubtituicao, 176),
+    POSICAO(tagREG_CONHECIMENTOPS, ICMSUFDestinatario, 264),
+    POSICAO(tagREG_CONHECIMENTOPS, ValorIRRFPJCTe, 400),
+    POSICAO(tagREG_CONHECIMENTOPS, AliquotaICMS, 440),
+    POSICAO(tagREG_CONHECIMENTOPS, PonteiroCondicaoPagamento, 448),
+    POSICAO(tagREG_CONHECIMENTOPS, QtdRateio, 468),
+    POSICAO(tagREG_CONHECIMENTOPS, QtdNotaFiscal, 472),
+    POSICAO(tagREG_CONHECIMENTOPS, PonteiroTipoCobranca, 478),
+    POSICAO(tagREG_CONHECIMENTOPS, Observacao, 1000),
+    POSICAO(tagREG_CONHECIMENTOPS, PlacaVeiculo1, 1154),
+    POSICAO(tagREG_CONHECIMENTOPS, FretePorConta, 1205),
+    POSICAO(tagREG_CONHECIMENTOPS, ManterParcelasOriginaisCTe, 1214),
+    POSICAO(tagREG_CONHECIMENTOPS, ListaNotaFiscal, 1240),
+    POSICAO(tagREG_CONHECIMENTOPS, ListaOCAssociada, 1248),
+    POSICAO(tagREG_CONHECIMENTOPS, ListaTituloImposto, 1256),
+};
+
+constexpr Medida kContrato[] = {
+    TAMANHO(tagREG_CONTRATO_COMPRA_ADITIVOPS, 48),
+    POSICAO(tagREG_CONTRATO_COMPRA_ADITIVOPS, ValorAditivo, 8),
+    POSICAO(tagREG_CONTRATO_COMPRA_ADITIVOPS, TamanhoDescricao, 16),
+    POSICAO(tagREG_CONTRATO_COMPRA_ADITIVOPS, EhDesconto, 18),
+    POSICAO(tagREG_CONTRATO_COMPRA_ADITIVOPS, TextoDescricao, 24),
+    TAMANHO(tagREG_CONTRATO_COMPRA_REAJUSTEPS, 80),
+    POSICAO(tagREG_CONTRATO_COMPRA_REAJUSTEPS, SaldoReajustado, 16),
+    POSICAO(tagREG_CONTRATO_COMPRA_REAJUSTEPS, PonteiroUsuario, 32),
+    POSICAO(tagREG_CONTRATO_COMPRA_REAJUSTEPS, NomeIndice, 34),
+    TAMANHO(tagREG_CONTRATO_COMPRA_NOTA_FISCALPS, 64),
+    POSICAO(tagREG_CONTRATO_COMPRA_NOTA_FISCALPS, ValorTotal, 16),
+    POSICAO(tagREG_CONTRATO_COMPRA_NOTA_FISCALPS, NumeroNotaFiscal, 28),
+    TAMANHO(tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS, 32),
+    POSICAO(tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS, PonteiroClassificacao, 8),
+    POSICAO(tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS, PonteiroGerencial, 12),
+    TAMANHO(tagREG_CONTRATO_COMPRA_EXECUCAOPS, 96),
+    POSICAO(tagREG_CONTRATO_COMPRA_EXECUCAOPS, PercConcluido, 8),
+    POSICAO(tagREG_CONTRATO_COMPRA_EXECUCAOPS, TamanhoDescricao, 16),
+    POSICAO(tagREG_CONTRATO_COMPRA_EXECUCAOPS, Nome, 18),
+    POSICAO(tagREG_CONTRATO_COMPRA_EXECUCAOPS, TextoDescricao, 72),
+    TAMANHO(tagREG_CONTRATO_COMPRA_PARCELAPS, 88),
+    POSICAO(tagREG_CONTRATO_COMPRA_PARCELAPS, ValorParcela, 16),
+    POSICAO(tagREG_CONTRATO_COMPRA_PARCELAPS, ValorMultas, 48),
+    POSICAO(tagREG_CONTRATO_COMPRA_PARCELAPS, PonteiroTipoVencto, 72),
+    POSICAO(tagREG_CONTRATO_COMPRA_PARCELAPS, PeriodoJuros, 81),
+    POSICAO(tagREG_CONTRATO_COMPRA_PARCELAPS, NumeroDaParcela, 82),
+    TAMANHO(tagREG_CONTRATO_COMPRA_USUARIOPS, 8),
+    POSICAO(tagREG_CONTRATO_COMPRA_USUARIOPS, PossuiAcesso, 4),
+    TAMANHO(tagREG_CONTRATO_COMPRAPS, 264),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ValorOriginalContrato, 48),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, PonteiroFilial, 84),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, Situacao, 94),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, RegistroGravadoSemIntegracao, 100),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, NomeIndice, 101),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, NumeroContrato, 125),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdReajuste, 152),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdAditivo, 154),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdNotaFiscal, 156),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdUsuarios, 158),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdClassificacao, 160),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdExecucao, 162),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, QtdParcela, 164),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, EmailVencimentoEnviado, 166),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, TextoObservacao, 192),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, TextoDescricaoContrato, 200),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaReajuste, 208),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaAditivo, 216),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaNotaFiscal, 224),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaUsuarios, 232),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaClassificacao, 240),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaExecucao, 248),
+    POSICAO(tagREG_CONTRATO_COMPRAPS, ListaParcela, 256),
+};
+
+constexpr std::span<const Medida> kAreas[] = {kComuns,  kFinanceiro, kRateio,       kEstoque,
+                                              kItens,   kEntrada,    kOrdem,        kSolicitacao,
+                                              kCotacao, kAprovacao,  kConhecimento, kContrato};
 
 class LeiauteDourado : public ::testing::TestWithParam<std::span<const Medida>> {};
 

@@ -162,3 +162,42 @@ void TestaTexto(Classe& objeto, const char* nome, std::size_t posicao, std::size
 #define KX_CLASSE CKXDadosCM_CotacaoPreco
 #define KX_TABELA "cp/tagREG_COTACAOPS.def"
 #include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_ACUsuario
+#define KX_TABELA "ac/tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_ACAutorizacaoCompra
+#define KX_TABELA "ac/tagREG_CM_AUTORIZACAO_CMSAUTPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CTNotaFiscal
+#define KX_TABELA "ct/tagREG_NOTAFISCAL_CONHECIMENTOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CTRateio
+#define KX_TABELA "ct/tagREG_RATEIO_CONHECIMENTOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CTConhecimentoTransporte
+#define KX_TABELA "ct/tagREG_CONHECIMENTOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCAditivo
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_ADITIVOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCReajuste
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_REAJUSTEPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCNotaFiscal
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_NOTA_FISCALPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCClassificacao
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCExecucao
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_EXECUCAOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCParcela
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_PARCELAPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCUsuario
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_USUARIOPS.def"
+#include "tests/apoio/TestaAcessores.h"
+#define KX_CLASSE CKXDadosCM_CCContrato
+#define KX_TABELA "cc/tagREG_CONTRATO_COMPRAPS.def"
+#include "tests/apoio/TestaAcessores.h"

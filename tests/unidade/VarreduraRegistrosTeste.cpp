@@ -1,9 +1,11 @@
 // Sweeps over every class with a record: what the tables promise holds for all of them.
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <utility>
 
 #include "tests/apoio/ClassesDeRegistro.h"
+#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -91,13 +93,14 @@ TYPED_TEST(VarreduraRegistros, IgualdadeSegueATabela) {
   const apoio::RegistroAleatorio<REG> original(11);
   const TypeParam objeto = this->Le(original.Reg);
   for (const KXCampo& campo : this->kInfo.Campos) {
-    if (campo.Papel != KXPapel::Campo && campo.Papel != KXPapel::Reserva) continue;
+    if (!apoio::TemAcessor(campo) && campo.Papel != KXPapel::Reserva) continue;
     REG alterado = original.Reg;
     auto* byte = reinterpret_cast<unsigned char*>(&alterado) + campo.Posicao;
     *byte = static_cast<unsigned char>(*byte == 'x' ? 'y' : 'x');
     apoio::ZeraOQueNaoViaja(this->kInfo, reinterpret_cast<unsigned char*>(&alterado));
     const bool mudou = std::memcmp(&alterado, &original.Reg, sizeof(REG)) != 0;
-    EXPECT_EQ(objeto == this->Le(alterado), !mudou || campo.Igualdade == 0) << campo.Nome;
+    EXPECT_EQ(objeto == this->Le(alterado), !mudou || !apoio::EhComparado(this->kInfo, campo))
+        << campo.Nome;
   }
 }
 
@@ -119,11 +122,72 @@ TYPED_TEST(VarreduraRegistros, IgualdadeVeFilhosETextos) {
       auto& texto = *reinterpret_cast<KXStringPS*>(bytes + campo.Posicao);
       if (texto.Tamanho < 2) continue;
       texto.Tamanho -= 2;
+    } else if (campo.Papel == KXPapel::Terminado) {
+      auto& texto = *reinterpret_cast<char**>(bytes + campo.Posicao);
+      if (texto == nullptr) continue;
+      texto = nullptr;
     } else {
       continue;
     }
     EXPECT_FALSE(objeto == this->Le(alterado)) << campo.Nome;
   }
+}
+
+// What equality does not see is copied, moved and cleared all the same. `partes` gives the values
+// of such parts, all of them set in the object.
+template <class Classe, class Partes>
+void ConferePartes(const Classe& cheio, Partes partes) {
+  Classe copia(cheio);
+  Classe atribuido;
+  atribuido = cheio;
+  EXPECT_EQ(partes(copia), partes(cheio));
+  EXPECT_EQ(partes(atribuido), partes(cheio));
+
+  Classe movido(std::move(copia));
+  EXPECT_EQ(partes(movido), partes(cheio));
+  copia = std::move(atribuido);
+  EXPECT_EQ(partes(copia), partes(cheio));
+
+  const typename Classe::Registro zero{};
+  EXPECT_EQ(partes(movido.CopiarDe(&zero)), partes(Classe()));
+  copia.Limpar();
+  EXPECT_EQ(partes(copia), partes(Classe()));
+}
+
+TEST(VarreduraPartes, OQueAIgualdadeNaoVe) {
+  const CIEVinculo vinculo = CIEVinculo().SetTipo(3);
+  const CKXDadosCM_CancelamentoOrdemCompra cancelamento;
+  ConferePartes(CKXDadosCM_OrdemCompra().SetVinculo(vinculo).AdicionaLogs("a").AdicionaCancelamento(
+                    cancelamento),
+                [](const CKXDadosCM_OrdemCompra& o) {
+                  return std::tuple(o.GetVinculo().GetTipo(), o.GetQuantidadeLogs(),
+                                    o.GetQuantidadeCancelamento());
+                });
+  ConferePartes(CKXDadosCM_ItemOrdemCompra().SetExpandirGrid(true),
+                [](const CKXDadosCM_ItemOrdemCompra& i) { return i.GetExpandirGrid(); });
+  ConferePartes(CKXDadosCM_CotacaoPreco().AdicionaLogs("a"),
+                [](const CKXDadosCM_CotacaoPreco& c) { return c.GetQuantidadeLogs(); });
+  ConferePartes(CKXDadosCM_ItemCotacaoPreco().SetDesconsiderarRateio(true),
+                [](const CKXDadosCM_ItemCotacaoPreco& i) { return i.GetDesconsiderarRateio(); });
+  ConferePartes(CKXDadosCM_RERegistroEntrada()
+                    .SetVinculo(vinculo)
+                    .SetFornecedorRecebimento(1)
+                    .SetIgnorarVerificacaoAssocicaoOCProduto(2)
+                    .SetIgnorarDestinosDiferentesProduto(3)
+                    .SetIgnorarDestinosDiferentesServico(4)
+                    .SetLiberouAlteracaoVlrUnitOC(true)
+                    .SetIntegrar(true),
+                [](const CKXDadosCM_RERegistroEntrada& e) {
+                  return std::tuple(e.GetVinculo().GetTipo(), e.GetFornecedorRecebimento(),
+                                    e.GetIgnorarVerificacaoAssocicaoOCProduto(),
+                                    e.GetIgnorarDestinosDiferentesProduto(),
+                                    e.GetIgnorarDestinosDiferentesServico(),
+                                    e.GetLiberouAlteracaoVlrUnitOC(), e.GetIntegrar());
+                });
+  ConferePartes(CKXDadosCM_REItemAssociacaoREOC().SetCancelarItem(true).SetEhIncluirTodos(true),
+                [](const CKXDadosCM_REItemAssociacaoREOC& i) {
+                  return std::tuple(i.GetCancelarItem(), i.GetEhIncluirTodos());
+                });
 }
 
 // A text whose bytes after the terminator are not zero, as a careless sender leaves them.

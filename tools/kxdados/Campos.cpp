@@ -52,8 +52,12 @@ std::uint16_t Quantidade(const Lugar& lugar) {
   return 0;
 }
 
-// The characters of a counted text, its terminator left out.
-std::string_view TextoContado(const Lugar& lugar) {
+// The characters of a text outside the record, its terminator left out.
+std::string_view TextoDeFora(const Lugar& lugar) {
+  if (lugar.Campo.Papel == KXPapel::Terminado) {
+    const auto* texto = Le<const char*>(lugar.Bytes());
+    return texto == nullptr ? std::string_view() : std::string_view(texto);
+  }
   if (lugar.Campo.Papel == KXPapel::Corrido) {
     const auto* texto = Le<const char*>(lugar.Bytes());
     const std::uint16_t tamanho = Quantidade(lugar);
@@ -135,7 +139,7 @@ std::string TextoDoCampo(const Lugar& lugar) {
       return std::to_string(Le<std::int64_t>(bytes));
     case KXTipoCampo::TextoContado:
     case KXTipoCampo::Ponteiro:
-      return UTF8DeLatin1(TextoContado(lugar));
+      return UTF8DeLatin1(TextoDeFora(lugar));
     case KXTipoCampo::Bytes:
       break;
   }
@@ -168,10 +172,11 @@ Medida MedeRegistro(const KXRegistroInfo& info, const void* registro) {
         medida.Listas += filho.Listas;
         medida.Textos += filho.Textos;
       });
-    } else if (campo.Papel == KXPapel::Bloco || campo.Papel == KXPapel::Corrido) {
+    } else if (campo.Papel == KXPapel::Bloco || campo.Papel == KXPapel::Corrido ||
+               campo.Papel == KXPapel::Terminado) {
       if (Vazio(lugar)) continue;
       ++medida.Textos;
-      medida.Bytes += TextoContado(lugar).size() + 1;
+      medida.Bytes += TextoDeFora(lugar).size() + 1;
     }
   }
   return medida;

@@ -1,0 +1,305 @@
+#include "ac/ArvoreAC.h"
+
+#include <utility>
+
+#include "ac/Hierarquia.h"
+#include "core/Motor.h"
+
+KX_IMPLEMENTA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra, TKXCMBaseParaDados)
+
+namespace {
+
+constexpr const char* kFonte = "DadosAC";
+
+using Chaves = std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>;
+
+// The keys of the rules, up to the first that cannot be read.
+Chaves ChavesDasRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras, std::size_t quantas) {
+  Chaves chaves;
+  chaves.reserve(quantas);
+  for (std::size_t i = 0; i < quantas; ++i) {
+    tagREG_CM_AUTORIZACAO_CMSAUTPS regra;
+    if (kx::CopiaBloco(&regra, &regras[i], sizeof(regra), kFonte, __LINE__) == nullptr) break;
+    chaves.push_back({regra.ChaveEste, regra.ChaveNivelAnterior});
+  }
+  return chaves;
+}
+
+}  // namespace
+
+CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra() noexcept = default;
+
+CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(
+    const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves) {
+  _rACSmall = chaves;
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(
+    const tagREG_CM_AUTORIZACAO_CMSAUTPS* regra) {
+  const CKXDadosCM_ACAutorizacaoCompra& ac = _ListaAC.emplace_back().CopiarDe(regra);
+  _rACSmall = {ac.GetChaveEste(), ac.GetChaveNivelAnterior()};
+}
+
+// Delegates, so that the descendants copied before a failure are destroyed by the destructor.
+CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(const Node& outro) : Node() {
+  CopiaCampos(outro);
+  CopiaNodes(outro);
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(Node&& outro) noexcept =
+    default;
+
+CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::operator=(
+    const Node& outro) {
+  Copiar(&outro);
+  return *this;
+}
+
+// The source may be below this node, and would go with the children that are replaced.
+CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::operator=(
+    Node&& outro) noexcept {
+  if (this == &outro) return *this;
+  Node fonte(std::move(outro));
+  _rACSmall = fonte._rACSmall;
+  _hTI = fonte._hTI;
+  _ListaAC = std::move(fonte._ListaAC);
+  RemoveTodosNodes();
+  _ExNodes = std::move(fonte._ExNodes);
+  MoveDe(fonte);
+  return *this;
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra::~CKXDadosCM_ACTreeAutorizacaoCompra() { RemoveTodosNodes(); }
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::OnLimpar() {
+  _rACSmall = {};
+  _hTI = nullptr;
+  _ListaAC.clear();
+  RemoveTodosNodes();
+  TKXCMBaseParaDados::OnLimpar();
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::OnCopiar(const TKXBaseParaDados* origem) {
+  if (origem == nullptr || origem == this) return;
+  *this = Node(static_cast<const Node&>(*origem));
+}
+
+bool CKXDadosCM_ACTreeAutorizacaoCompra::OnEstaVazio() const {
+  return TKXCMBaseParaDados::OnEstaVazio() && MesmoConteudo(Node());
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::CopiaCampos(const Node& origem) {
+  _rACSmall = origem._rACSmall;
+  _hTI = origem._hTI;
+  _ListaAC = origem._ListaAC;
+  TKXCMBaseParaDados::OnCopiar(&origem);
+}
+
+// Keys, handle, rules and number of children.
+bool CKXDadosCM_ACTreeAutorizacaoCompra::MesmoConteudo(const Node& outro) const {
+  return kx::RegistrosIguais(_rACSmall, outro._rACSmall) && _hTI == outro._hTI &&
+         _ListaAC == outro._ListaAC && GetQuantidadeNodes() == outro.GetQuantidadeNodes();
+}
+
+// Pre-order from the node given, itself included, without recursion. `chave` is what a visit may
+// change for the subtree of its node. The stack holds the lists that are not yet at their end, so
+// a chain needs one place of it, however long.
+template <class N, class Visita>
+void CKXDadosCM_ACTreeAutorizacaoCompra::Percorre(N& raiz, unsigned long chave, Visita visita) {
+  struct Adiante {
+    POSITION Onde;
+    unsigned long Chave;
+  };
+  std::vector<Adiante> pilha;
+  for (N* node = &raiz;;) {
+    const Passo passo = visita(*node, chave);
+    if (passo == Passo::Termina) return;
+    if (passo == Passo::Desce && !node->_ExNodes.IsEmpty()) {
+      pilha.push_back({node->_ExNodes.GetHeadPosition(), chave});
+    }
+    if (pilha.empty()) return;
+    chave = pilha.back().Chave;
+    node = &raiz._ExNodes.GetNext(pilha.back().Onde);
+    if (pilha.back().Onde == nullptr) pilha.pop_back();
+  }
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::CopiaNodes(const Node& origem) {
+  struct Adiante {
+    POSITION Onde;
+    Node* Pai;
+  };
+  std::vector<Adiante> pilha;
+  if (!origem._ExNodes.IsEmpty()) pilha.push_back({origem._ExNodes.GetHeadPosition(), this});
+  while (!pilha.empty()) {
+    Node* const pai = pilha.back().Pai;
+    const Node& de = origem._ExNodes.GetNext(pilha.back().Onde);
+    if (pilha.back().Onde == nullptr) pilha.pop_back();
+    Node& novo = pai->_ExNodes.EmplaceTail();
+    novo.CopiaCampos(de);
+    if (!de._ExNodes.IsEmpty()) pilha.push_back({de._ExNodes.GetHeadPosition(), &novo});
+  }
+}
+
+bool CKXDadosCM_ACTreeAutorizacaoCompra::operator==(const Node& outro) const {
+  struct Adiante {
+    POSITION A;
+    POSITION B;
+  };
+  std::vector<Adiante> pilha;
+  const Node* a = this;
+  const Node* b = &outro;
+  while (a->MesmoConteudo(*b)) {
+    if (!a->_ExNodes.IsEmpty()) {
+      pilha.push_back({a->_ExNodes.GetHeadPosition(), b->_ExNodes.GetHeadPosition()});
+    }
+    if (pilha.empty()) return true;
+    a = &_ExNodes.GetNext(pilha.back().A);
+    b = &_ExNodes.GetNext(pilha.back().B);
+    if (pilha.back().A == nullptr) pilha.pop_back();
+  }
+  return false;
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe(
+    const ListaDeChaves& lista) {
+  Limpar();
+  Chaves chaves;
+  chaves.reserve(static_cast<std::size_t>(lista.GetCount()));
+  for (POSITION p = lista.GetHeadPosition(); p != nullptr;) chaves.push_back(lista.GetNext(p));
+  Monta(
+      chaves, [&chaves](std::uint32_t i) -> const auto& { return chaves[i]; });
+  return *this;
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe(
+    const tagREG_CM_LE_LISTA_AC_CMSAUTPS* lista) {
+  Limpar();
+  tagREG_CM_LE_LISTA_AC_CMSAUTPS copia;
+  if (lista == nullptr ||
+      kx::CopiaBloco(&copia, lista, sizeof(copia), kFonte, __LINE__) == nullptr ||
+      copia.ListaAC == nullptr || copia.QtdAC <= 0) {
+    return *this;
+  }
+  const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras = copia.ListaAC;
+  Monta(ChavesDasRegras(regras, static_cast<std::size_t>(copia.QtdAC)),
+        [regras](std::uint32_t i) { return &regras[i]; });
+  return *this;
+}
+
+// The nodes are made in pre-order, the order in which they will be walked. `fonte` gives what the
+// node of a record is made from.
+template <class Fonte>
+void CKXDadosCM_ACTreeAutorizacaoCompra::Monta(const Chaves& chaves, Fonte fonte) {
+  struct Adiante {
+    std::uint32_t Proximo;
+    Node* Pai;
+  };
+  const std::vector<kx::NodeDaHierarquia> nodes = kx::MontaHierarquia(chaves);
+  std::vector<Adiante> pilha{{nodes[0].PrimeiroFilho, this}};
+  while (!pilha.empty()) {
+    const auto [numero, pai] = pilha.back();
+    pilha.pop_back();
+    if (numero == 0) continue;
+    const kx::NodeDaHierarquia& node = nodes[numero];
+    if (node.ProximoIrmao != 0) pilha.push_back({node.ProximoIrmao, pai});
+    Node& novo = pai->_ExNodes.EmplaceTail(fonte(node.Registro));
+    pilha.push_back({node.PrimeiroFilho, &novo});
+  }
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaNode(
+    const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves) {
+  return Anexa(Node(chaves));
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaNode(
+    const tagREG_CM_AUTORIZACAO_CMSAUTPS* regra) {
+  return Anexa(Node(regra));
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::Anexa(Node&& novo) {
+  Node* pai = nullptr;
+  Percorre(*this, novo._rACSmall.ChaveNivelAnterior, [&](Node& node, unsigned long chave) {
+    if (&node == this || node._rACSmall.ChaveEste != chave) return Passo::Desce;
+    pai = &node;
+    return Passo::Termina;
+  });
+  return pai != nullptr ? &pai->_ExNodes.EmplaceTail(std::move(novo)) : nullptr;
+}
+
+CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaExNodes(
+    const Node& node) {
+  Node copia(node);
+  _ExNodes.EmplaceTail(std::move(copia));
+  return *this;
+}
+
+// Every child hands its own children over before it is destroyed, so none has any by then.
+CKXDadosCM_ACTreeAutorizacaoCompra&
+CKXDadosCM_ACTreeAutorizacaoCompra::RemoveTodosNodes() noexcept {
+  while (!_ExNodes.IsEmpty()) {
+    const POSITION primeiro = _ExNodes.GetHeadPosition();
+    _ExNodes.Emenda(_ExNodes.GetAt(primeiro)._ExNodes);
+    _ExNodes.RemoveAt(primeiro);
+  }
+  return *this;
+}
+
+HTREEITEM CKXDadosCM_ACTreeAutorizacaoCompra::AchaItemArvore(unsigned long chave) const {
+  HTREEITEM item = nullptr;
+  Percorre(*this, chave, [&item](const Node& node, unsigned long procurada) {
+    if (node._rACSmall.ChaveEste != procurada) return Passo::Desce;
+    item = node._hTI;
+    return item != nullptr ? Passo::Termina : Passo::Pula;
+  });
+  return item;
+}
+
+unsigned long CKXDadosCM_ACTreeAutorizacaoCompra::AchaPonteiroArvore(HTREEITEM item) const {
+  unsigned long chave = 0;
+  Percorre(*this, 0, [&chave, item](const Node& node, unsigned long) {
+    if (node._hTI != item) return Passo::Desce;
+    chave = node._rACSmall.ChaveEste;
+    return chave != 0 ? Passo::Termina : Passo::Pula;
+  });
+  return chave;
+}
+
+bool CKXDadosCM_ACTreeAutorizacaoCompra::EhReferenciaCiclica(unsigned long chave,
+                                                             unsigned long procurada) const {
+  bool achou = false;
+  Percorre(*this, chave, [&achou, procurada](const Node& node, unsigned long& acima) {
+    if (node._rACSmall.ChaveEste == acima) acima = 0;
+    achou = acima == 0 && node._rACSmall.ChaveEste == procurada;
+    return achou ? Passo::Termina : Passo::Desce;
+  });
+  return achou;
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::LocalizaChaveTodosNosFilhos(
+    unsigned long chave, CArray<unsigned long>& chaves) const {
+  chaves = {};
+  chaves.Add(chave);
+  for (POSITION p = _ExNodes.GetHeadPosition(); p != nullptr;) {
+    AdicionaChaveTodosNosFilhos(chave, _ExNodes.GetNext(p), chaves);
+  }
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaChaveTodosNosFilhos(
+    unsigned long chave, const Node& node, CArray<unsigned long>& chaves) {
+  Percorre(node, chave, [&chaves](const Node& abaixo, unsigned long nivelAnterior) {
+    if (abaixo._rACSmall.ChaveNivelAnterior != nivelAnterior) return Passo::Desce;
+    chaves.Add(abaixo._rACSmall.ChaveEste);
+    AdicionaChaveTodosNosFilhos2(abaixo, chaves);
+    return Passo::Pula;
+  });
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaChaveTodosNosFilhos2(
+    const Node& node, CArray<unsigned long>& chaves) {
+  Percorre(node, 0, [&](const Node& abaixo, unsigned long) {
+    if (&abaixo != &node) chaves.Add(abaixo._rACSmall.ChaveEste);
+    return Passo::Desce;
+  });
+}

@@ -1,0 +1,360 @@
+// The rule hierarchy: the build against a plain transcription of its rules, the searches, the
+// copies, and depths that recursion would not survive.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <list>
+#include <map>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "ac/DadosAC.h"
+
+namespace {
+
+using Arvore = CKXDadosCM_ACTreeAutorizacaoCompra;
+using Regra = CKXDadosCM_ACAutorizacaoCompra;
+using Chaves = tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS;
+using Registros = std::vector<Chaves>;
+
+Arvore Monta(const Registros& registros) {
+  Arvore::ListaDeChaves lista;
+  for (const Chaves& chaves : registros) lista.AddTail(chaves);
+  Arvore raiz;
+  EXPECT_EQ(&raiz.CopiarDe(lista), &raiz);
+  return raiz;
+}
+
+// "chave<nivel anterior" of each child, its own children in parentheses.
+std::string Texto(const Arvore& node) {
+  std::string texto;
+  for (POSITION p = node.GetExNodes().GetHeadPosition(); p != nullptr;) {
+    const Arvore& filho = node.GetExNodes().GetNext(p);
+    texto += std::to_string(filho.GetrACSmall().ChaveEste) + "<" +
+             std::to_string(filho.GetrACSmall().ChaveNivelAnterior);
+    if (filho.GetQuantidadeNodes() > 0) texto += "(" + Texto(filho) + ")";
+    if (p != nullptr) texto += " ";
+  }
+  return texto;
+}
+
+// The rules of the build, one by one, at their own price.
+struct Plano {
+  Chaves Registro{};
+  std::list<Plano> Filhos;
+
+  Plano* Adiciona(const Chaves& novo) {
+    for (Plano& filho : Filhos) {
+      if (filho.Registro.ChaveEste == novo.ChaveNivelAnterior) {
+        return &filho.Filhos.emplace_back(Plano{novo, {}});
+      }
+      if (Plano* const achado = filho.Adiciona(novo)) return achado;
+    }
+    return nullptr;
+  }
+
+  void Monta(const Registros& registros) {
+    std::map<std::uint32_t, Plano*> indice;
+    std::list<Chaves> pendentes;
+    for (const Chaves& chaves : registros) {
+      if (chaves.ChaveNivelAnterior == 0) {
+        indice[chaves.ChaveEste] = &Filhos.emplace_back(Plano{chaves, {}});
+      } else {
+        pendentes.push_back(chaves);
+      }
+    }
+    for (auto p = pendentes.begin(); p != pendentes.end();) {
+      const auto pai = indice.find(p->ChaveNivelAnterior);
+      if (pai != indice.end()) {
+        pai->second->Filhos.push_back(Plano{*p, {}});
+      } else if (Plano* const novo = Adiciona(*p)) {
+        indice[p->ChaveEste] = novo;
+      } else {
+        ++p;
+        continue;
+      }
+      pendentes.erase(p);
+      p = pendentes.begin();
+    }
+  }
+
+  std::string Texto() const {
+    std::string texto;
+    for (const Plano& filho : Filhos) {
+      if (!texto.empty()) texto += " ";
+      texto += std::to_string(filho.Registro.ChaveEste) + "<" +
+               std::to_string(filho.Registro.ChaveNivelAnterior);
+      if (!filho.Filhos.empty()) texto += "(" + filho.Texto() + ")";
+    }
+    return texto;
+  }
+};
+
+// Few keys for many records: duplicates, records that are their own parent, cycles and orphans all
+// come up. Now and then the keys are large and all different.
+Registros FlorestaAoAcaso(std::mt19937& acaso) {
+  const auto sorteia = [&acaso](std::uint32_t ate) {
+    return static_cast<std::uint32_t>(acaso() % (ate + 1));
+  };
+  const std::uint32_t quantos = sorteia(40);
+  const std::uint32_t chaves = 1 + sorteia(quantos + sorteia(20));
+  const bool repete = sorteia(3) != 0;
+  const std::uint32_t escala = sorteia(1) != 0 ? 1 : 0x01234567;
+  const std::uint32_t abaixoDoTopo = sorteia(5);
+  Registros registros;
+  for (std::uint32_t i = 0; i < quantos; ++i) {
+    const std::uint32_t chave = repete ? sorteia(chaves) : i + 1;
+    const std::uint32_t anterior = sorteia(abaixoDoTopo) == 0 ? 0 : sorteia(chaves + 1);
+    registros.push_back({chave * escala, anterior * escala});
+  }
+  if (sorteia(2) == 0) {
+    std::sort(registros.begin(), registros.end(),
+              [](const Chaves& a, const Chaves& b) { return a.ChaveEste > b.ChaveEste; });
+  }
+  return registros;
+}
+
+TEST(ArvoreMontagem, IgualATranscricaoDasRegras) {
+  std::mt19937 acaso(20260101);
+  for (int i = 0; i < 20000; ++i) {
+    const Registros registros = FlorestaAoAcaso(acaso);
+    Plano plano;
+    plano.Monta(registros);
+    ASSERT_EQ(Texto(Monta(registros)), plano.Texto()) << "floresta " << i;
+  }
+}
+
+// Every parent is a recent record, and every third record has the key of some earlier one: long
+// branches in which the nodes of one key must be told apart.
+TEST(ArvoreMontagem, IgualATranscricaoEmFlorestasFundasComRepetidas) {
+  std::mt19937 acaso(7);
+  for (int i = 0; i < 1000; ++i) {
+    Registros registros;
+    for (std::uint32_t j = 0; j < 100; ++j) {
+      const std::uint32_t chave = j % 3 == 2 ? registros[acaso() % j].ChaveEste : j + 1;
+      registros.push_back({chave, j < 3 ? 0 : registros[j - 1 - acaso() % 3].ChaveEste});
+    }
+    if (i % 3 > 0) std::shuffle(registros.begin() + (i % 3 - 1) * 50, registros.end(), acaso);
+    Plano plano;
+    plano.Monta(registros);
+    ASSERT_EQ(Texto(Monta(registros)), plano.Texto()) << "floresta " << i;
+  }
+}
+
+TEST(ArvoreMontagem, OsDoTopoNaOrdemEOsFilhosQuandoPodem) {
+  EXPECT_EQ(Texto(Monta({{3, 2}, {2, 1}, {1, 0}, {4, 1}})), "1<0(2<1(3<2) 4<1)");
+  EXPECT_EQ(Texto(Monta({{5, 5}, {6, 7}, {7, 6}, {8, 9}})), "");
+  // The last record of the top takes the children that come by the index.
+  EXPECT_EQ(Texto(Monta({{1, 0}, {1, 0}, {2, 1}})), "1<0 1<0(2<1)");
+  EXPECT_EQ(Monta({{1, 0}, {2, 1}, {3, 2}}).GetQuantidadeNodes(), 1);
+}
+
+TEST(ArvoreMontagem, LimpaORaizAntes) {
+  Arvore raiz(Chaves{9, 8});
+  raiz.AdicionaAC(Regra()).AdicionaExNodes(Arvore(Chaves{1, 0}));
+  raiz.CopiarDe(Arvore::ListaDeChaves());
+  EXPECT_TRUE(raiz.EstaVazio());
+}
+
+TEST(ArvoreMontagem, DaListaDeRegrasCadaNodeTemASua) {
+  tagREG_CM_AUTORIZACAO_CMSAUTPS regras[3] = {};
+  for (std::uint32_t i = 0; i < 3; ++i) {
+    Regra().SetChaveEste(3 - i).SetChaveNivelAnterior(2 - i).SetGrupo('A').CopiarPara(&regras[i]);
+  }
+  regras[1].QtdUsuarios_AND = 1;
+  tagREG_CM_AUTORIZACAO_USUARIOS_CMSAUTPS grupo{};
+  regras[1].ListaUsuarios_AND = &grupo;
+  const tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{3, {}, regras};
+  Arvore raiz;
+  raiz.CopiarDe(&lista);
+  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2))");
+  const Arvore& um = raiz.GetExNodes().GetAt(raiz.GetExNodes().GetHeadPosition());
+  const Arvore& dois = um.GetExNodes().GetAt(um.GetExNodes().GetHeadPosition());
+  EXPECT_EQ(dois.GetQuantidadeAC(), 1);
+  EXPECT_EQ(dois.GetAC(0).GetQuantidadeUsuarios_AND(), 1);
+  EXPECT_EQ(dois.GetAC(0).GetGrupo(), 'A');
+
+  for (const tagREG_CM_LE_LISTA_AC_CMSAUTPS& vazia :
+       {tagREG_CM_LE_LISTA_AC_CMSAUTPS{-1, {}, regras}, {2, {}, nullptr}, {0, {}, regras}}) {
+    EXPECT_TRUE(raiz.CopiarDe(&lista).CopiarDe(&vazia).EstaVazio());
+  }
+  EXPECT_TRUE(
+      raiz.CopiarDe(static_cast<const tagREG_CM_LE_LISTA_AC_CMSAUTPS*>(nullptr)).EstaVazio());
+}
+
+TEST(ArvoreAdicionaNode, AbaixoDoPrimeiroEmPreOrdemMasNaoDaRaiz) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {2, 0}});
+  raiz.SetrACSmall({7, 0});
+  EXPECT_EQ(raiz.AdicionaNode(Chaves{3, 7}), nullptr);
+  const Arvore* const novo = raiz.AdicionaNode(Chaves{3, 2});
+  ASSERT_NE(novo, nullptr);
+  EXPECT_EQ(novo->GetrACSmall().ChaveEste, 3U);
+  tagREG_CM_AUTORIZACAO_CMSAUTPS regra{};
+  regra.ChaveEste = 4;
+  regra.ChaveNivelAnterior = 3;
+  EXPECT_EQ(raiz.AdicionaNode(&regra)->GetQuantidadeAC(), 1);
+  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2(4<3))) 2<0");
+}
+
+// Items for the nodes of a tree, in pre-order; 0 leaves a node without one.
+HTREEITEM Item(std::uintptr_t numero) { return reinterpret_cast<HTREEITEM>(numero * 16); }
+
+Arvore& Filho(Arvore& node, int indice) {
+  POSITION p = node.GetExNodes().GetHeadPosition();
+  while (indice-- > 0) node.GetExNodes().GetNext(p);
+  return node.GetExNodes().GetAt(p);
+}
+
+TEST(ArvoreBusca, ItemPelaChave) {
+  Arvore raiz = Monta({{1, 0}, {1, 0}, {2, 1}});
+  EXPECT_EQ(raiz.AchaItemArvore(1), nullptr);
+  Filho(raiz, 1).SethTI(Item(5));
+  EXPECT_EQ(raiz.AchaItemArvore(1), Item(5));
+  // A match without an item hides what is below it.
+  Filho(raiz, 0).AdicionaExNodes(Arvore(Chaves{1, 1}).SethTI(Item(6)));
+  EXPECT_EQ(raiz.AchaItemArvore(1), Item(5));
+  EXPECT_EQ(raiz.AchaItemArvore(2), nullptr);
+  raiz.SethTI(Item(1));
+  EXPECT_EQ(raiz.AchaItemArvore(0), Item(1));
+  EXPECT_EQ(raiz.AchaItemArvore(~0UL - 0xFFFFFFFF), sizeof(unsigned long) == 4 ? Item(1) : nullptr);
+}
+
+TEST(ArvoreBusca, ChavePeloItem) {
+  Arvore raiz = Monta({{1, 0}, {0, 0}, {3, 0}, {2, 1}});
+  raiz.SethTI(Item(1));
+  Filho(raiz, 1).SethTI(Item(4)).AdicionaExNodes(Arvore(Chaves{8, 0}).SethTI(Item(4)));
+  Filho(raiz, 2).SethTI(Item(4));
+  Filho(Filho(raiz, 0), 0).SethTI(Item(2));
+  EXPECT_EQ(raiz.AchaPonteiroArvore(Item(2)), 2U);
+  EXPECT_EQ(raiz.AchaPonteiroArvore(Item(4)), 3U);  // key 0 is as good as no match
+  EXPECT_EQ(raiz.AchaPonteiroArvore(Item(9)), 0U);
+  EXPECT_EQ(raiz.AchaPonteiroArvore(Item(1)), 0U);
+}
+
+TEST(ArvoreBusca, ReferenciaCiclica) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 2}, {4, 1}, {9, 0}});
+  EXPECT_TRUE(raiz.EhReferenciaCiclica(1, 3));
+  EXPECT_TRUE(raiz.EhReferenciaCiclica(2, 2));
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(3, 1));
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(4, 3));
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(9, 3));
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(5, 5));
+  EXPECT_TRUE(raiz.EhReferenciaCiclica(0, 4));
+  EXPECT_TRUE(raiz.EhReferenciaCiclica(0, 0));  // the root itself
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(0, 7));
+  EXPECT_FALSE(raiz.EhReferenciaCiclica(2, 7));
+  // Every node with the key counts, not the first alone.
+  raiz.AdicionaExNodes(Arvore(Chaves{2, 0}).AdicionaExNodes(Arvore(Chaves{7, 2})));
+  EXPECT_TRUE(raiz.EhReferenciaCiclica(2, 7));
+}
+
+std::vector<unsigned long> Localiza(const Arvore& raiz, unsigned long chave) {
+  CArray<unsigned long> chaves;
+  chaves.Add(77);
+  raiz.LocalizaChaveTodosNosFilhos(chave, chaves);
+  std::vector<unsigned long> achadas;
+  for (std::ptrdiff_t i = 0; i < chaves.GetSize(); ++i) achadas.push_back(chaves[i]);
+  return achadas;
+}
+
+TEST(ArvoreBusca, ChaveETodasAbaixo) {
+  const Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 2}, {4, 1}, {5, 4}, {6, 0}, {7, 3}, {2, 2}});
+  using Lista = std::vector<unsigned long>;
+  EXPECT_EQ(Localiza(raiz, 1), (Lista{1, 2, 3, 7, 2, 4, 5}));
+  EXPECT_EQ(Localiza(raiz, 2), (Lista{2, 3, 7, 2}));
+  EXPECT_EQ(Localiza(raiz, 0), (Lista{0, 1, 2, 3, 7, 2, 4, 5, 6}));
+  EXPECT_EQ(Localiza(raiz, 6), (Lista{6}));
+}
+
+TEST(ArvoreCopia, EhFundaELevaItensERegras) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 1}});
+  Filho(Filho(raiz, 0), 1).SethTI(Item(3)).AdicionaAC(Regra().SetCodigo("X"));
+  const Arvore copia(raiz);
+  EXPECT_TRUE(copia == raiz);
+  EXPECT_EQ(copia.AchaItemArvore(3), Item(3));
+  Filho(Filho(raiz, 0), 1).GetRefAC(0).SetCodigo("Y");
+  EXPECT_FALSE(copia == raiz);
+  raiz = copia;
+  EXPECT_TRUE(copia == raiz);
+  Filho(Filho(raiz, 0), 1).SethTI(nullptr);
+  EXPECT_TRUE(copia != raiz);
+  Filho(raiz, 0).RemoveTodosNodes();
+  EXPECT_EQ(Texto(raiz), "1<0");
+  Arvore movida(std::move(raiz));
+  movida = Arvore(copia);
+  EXPECT_TRUE(movida == copia);
+}
+
+TEST(ArvoreCopia, DeDentroDeSiMesma) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 2}});
+  raiz.AdicionaExNodes(raiz);
+  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2)) 0<0(1<0(2<1(3<2)))");
+  raiz = Filho(raiz, 0);
+  EXPECT_EQ(Texto(raiz), "2<1(3<2)");
+  raiz = std::move(Filho(raiz, 0));
+  EXPECT_EQ(raiz.GetrACSmall().ChaveEste, 2U);
+  EXPECT_EQ(Texto(raiz), "3<2");
+}
+
+TEST(ArvoreNodes, EnderecoResisteAosIrmaos) {
+  Arvore raiz = Monta({{1, 0}, {2, 0}, {3, 0}});
+  const Arvore* const dois = &Filho(raiz, 1);
+  for (std::uint32_t i = 0; i < 100; ++i) raiz.AdicionaExNodes(Arvore(Chaves{100 + i, 0}));
+  Arvore::Nodes& nodes = raiz.GetExNodes();
+  nodes.RemoveAt(nodes.GetHeadPosition());
+  EXPECT_EQ(&Filho(raiz, 0), dois);
+  EXPECT_EQ(dois->GetrACSmall().ChaveEste, 2U);
+}
+
+// A chain whose records stand in the order given: 0 as it hangs, 1 reversed, 2 shuffled.
+Registros Corrente(std::uint32_t quantos, int ordem) {
+  Registros registros;
+  for (std::uint32_t i = 1; i <= quantos; ++i) registros.push_back({i, i - 1});
+  if (ordem == 1) std::reverse(registros.begin(), registros.end());
+  if (ordem == 2) std::shuffle(registros.begin(), registros.end(), std::mt19937(1));
+  return registros;
+}
+
+TEST(ArvoreFunda, UmMilhaoDeNiveis) {
+  rlimit pilha{};
+  getrlimit(RLIMIT_STACK, &pilha);
+  ASSERT_LE(pilha.rlim_cur, rlim_t{8} << 20) << "the test says nothing on a larger stack";
+  constexpr std::uint32_t kNiveis = 1'000'000;
+  Arvore raiz = Monta(Corrente(kNiveis, 1));
+  Arvore copia(raiz);
+  EXPECT_TRUE(copia == raiz);
+  ASSERT_NE(copia.AdicionaNode(Chaves{kNiveis + 1, kNiveis}), nullptr);
+  EXPECT_FALSE(copia == raiz);
+  EXPECT_TRUE(copia.EhReferenciaCiclica(1, kNiveis + 1));
+  EXPECT_EQ(copia.AchaItemArvore(kNiveis), nullptr);
+  EXPECT_EQ(copia.AchaPonteiroArvore(Item(1)), 0U);
+  CArray<unsigned long> chaves;
+  copia.LocalizaChaveTodosNosFilhos(1, chaves);
+  EXPECT_EQ(chaves.GetSize(), kNiveis + 1);
+  raiz.Limpar();
+  EXPECT_TRUE(raiz.EstaVazio());
+}
+
+// Quadratic work on 200,000 records would take minutes; a linear build takes a fraction of a
+// second.
+TEST(ArvoreMontagem, CustoNaoCresceComOQuadrado) {
+  const auto inicio = std::chrono::steady_clock::now();
+  for (const int ordem : {0, 1, 2}) {
+    EXPECT_EQ(Monta(Corrente(200'000, ordem)).GetQuantidadeNodes(), 1);
+  }
+  Registros estrela{{1, 0}};
+  for (std::uint32_t i = 2; i <= 200'000; ++i) estrela.push_back({i, 1});
+  std::reverse(estrela.begin(), estrela.end());
+  EXPECT_EQ(Monta(estrela).GetQuantidadeNodes(), 1);
+  // One key for all, a level deeper each: every node is compared with the first of its key.
+  Registros iguais(1000, Chaves{1, 1});
+  iguais.push_back({1, 0});
+  EXPECT_EQ(Monta(iguais).GetQuantidadeNodes(), 1);
+  EXPECT_LT(std::chrono::steady_clock::now() - inicio, std::chrono::seconds(20));
+}
+
+}  // namespace
