@@ -192,19 +192,30 @@ CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe
 template <class Fonte>
 void CKXDadosCM_ACTreeAutorizacaoCompra::Monta(const Chaves& chaves, Fonte fonte) {
   struct Adiante {
-    std::uint32_t Proximo;
+    std::uint32_t Numero;
     Node* Pai;
   };
-  const std::vector<kx::NodeDaHierarquia> nodes = kx::MontaHierarquia(chaves);
-  std::vector<Adiante> pilha{{nodes[0].PrimeiroFilho, this}};
-  while (!pilha.empty()) {
-    const auto [numero, pai] = pilha.back();
-    pilha.pop_back();
-    if (numero == 0) continue;
-    const kx::NodeDaHierarquia& node = nodes[numero];
-    if (node.ProximoIrmao != 0) pilha.push_back({node.ProximoIrmao, pai});
-    Node& novo = pai->_ExNodes.EmplaceTail(fonte(node.Registro));
-    pilha.push_back({node.PrimeiroFilho, &novo});
+  const kx::Hierarquia hierarquia = kx::MontaHierarquia(chaves);
+  std::vector<Adiante> pilha;
+  std::uint32_t numero = hierarquia.PrimeiroFilho[0];
+  Node* pai = this;
+  while (numero != 0) {
+    Node& novo = pai->_ExNodes.EmplaceTail(fonte(numero - 1));
+    const std::uint32_t filho = hierarquia.PrimeiroFilho[numero];
+    const std::uint32_t irmao = hierarquia.ProximoIrmao[numero];
+    if (filho != 0) {
+      if (irmao != 0) pilha.push_back({irmao, pai});
+      numero = filho;
+      pai = &novo;
+    } else if (irmao != 0) {
+      numero = irmao;
+    } else if (!pilha.empty()) {
+      numero = pilha.back().Numero;
+      pai = pilha.back().Pai;
+      pilha.pop_back();
+    } else {
+      numero = 0;
+    }
   }
 }
 

@@ -73,33 +73,85 @@ void Ordena(std::vector<Entrada>& entradas) {
   }
 }
 
-// What is touched together stands together: with a million records in any order the build is as
-// slow as its cache misses.
+// Where the records of a key and those that name it as their parent are.
+struct Indice {
+  explicit Indice(const Chaves& chaves);
+
+  std::vector<Entrada> PorChave;
+  std::vector<Entrada> PorNivelAnterior;  // without the records of the top
+  // By record: the first record with its parent key; itself when there is none, as it then hangs
+  // nowhere.
+  std::vector<std::uint32_t> Pai;
+  bool ChavesRepetidas = false;
+};
+
+Indice::Indice(const Chaves& chaves) : Pai(chaves.size()) {
+  PorChave.reserve(chaves.size());
+  PorNivelAnterior.reserve(chaves.size());
+  for (std::uint32_t i = 0; i < chaves.size(); ++i) {
+    PorChave.push_back({chaves[i].ChaveEste, i});
+    Pai[i] = i;
+    if (chaves[i].ChaveNivelAnterior != 0) {
+      PorNivelAnterior.push_back({chaves[i].ChaveNivelAnterior, i});
+    }
+  }
+  Ordena(PorChave);
+  Ordena(PorNivelAnterior);
+  auto pai = PorChave.begin();
+  for (const Entrada& filho : PorNivelAnterior) {
+    while (pai != PorChave.end() && pai->Chave < filho.Chave) ++pai;
+    if (pai == PorChave.end()) break;
+    if (pai->Chave == filho.Chave) Pai[filho.Posicao] = pai->Posicao;
+  }
+  for (std::size_t i = 1; i < PorChave.size() && !ChavesRepetidas; ++i) {
+    ChavesRepetidas = PorChave[i].Chave == PorChave[i - 1].Chave;
+  }
+}
+
+// When no two records share a key: all children of a record can be attached from the moment it is,
+// so they stand in source order, and nothing depends on when.
+Hierarquia LigaTodos(const Chaves& chaves, const Indice& indice) {
+  Hierarquia h(chaves.size());
+  for (auto i = static_cast<std::uint32_t>(chaves.size()); i-- > 0;) {
+    h.Liga(i + 1, chaves[i].ChaveNivelAnterior == 0 ? 0 : indice.Pai[i] + 1);
+  }
+  return h;
+}
+
+// Attaches the records one by one, in the order that the rules give.
 class Montagem {
  public:
-  explicit Montagem(const Chaves& chaves)
-      : _chaves(chaves),
-        _registros(chaves.size()),
-        _noIndice(chaves.size()),
-        _prontos(chaves.size()) {
+  Montagem(const Chaves& chaves, const Indice& indice)
+      : _chaves(chaves), _indice(indice), _grupos(chaves.size()), _prontos(chaves.size()) {
     _nodes.reserve(chaves.size() + 1);
     _nodes.emplace_back();
-    AgrupaPorChave();
+    Agrupa();
   }
 
-  std::vector<NodeDaHierarquia> Monta() {
-    _chavesRepetidas ? LigaUmAUm() : LigaTodos();
-    LigaIrmaos();
-    return std::move(_nodes);
+  Hierarquia Monta() {
+    for (std::uint32_t i = 0; i < _chaves.size(); ++i) {
+      if (_chaves[i].ChaveNivelAnterior == 0) Liga(i, 0, true);
+    }
+    while (!_prontos.Vazia()) {
+      const std::uint32_t registro = _prontos.Tira();
+      const Grupo& pais = _grupos[_indice.Pai[registro]];
+      Liga(registro, pais.Alvo, !pais.NoIndice);
+    }
+    Hierarquia h(_chaves.size());
+    for (std::size_t i = _nodes.size() - 1; i > 0; --i) {
+      const std::uint32_t pai = _nodes[i].Pai;
+      h.Liga(_nodes[i].Registro + 1, pai == 0 ? 0 : _nodes[pai].Registro + 1);
+    }
+    return h;
   }
 
  private:
   // The records of one key are a group, named by the first of them, which keeps what concerns all.
-  struct Registro {
-    std::uint32_t Grupo;
-    std::uint32_t GrupoDoPai;  // of the parent key, when it is the key of some record
-    std::uint32_t Alvo;        // of a group: node that takes the next child; 0 = no node yet
-    std::uint32_t Espera;      // of a group: where the records that name its key begin in _espera
+  struct Grupo {
+    std::uint32_t Primeiro;  // of every record: the first of its group
+    std::uint32_t Alvo;      // node that takes the next child; 0 = no node yet
+    std::uint32_t Espera;    // where the records that name the key begin in PorNivelAnterior
+    bool NoIndice;
   };
 
   // The way up from a node: its depth, and an ancestor so far up that any other is few leaps away.
@@ -108,78 +160,44 @@ class Montagem {
     std::uint32_t Salto;
   };
 
-  // All children of a key that one record alone has can be attached from the moment that record is:
-  // they stand in source order, and nothing depends on when. Records that the root does not reach
-  // get links too.
-  void LigaTodos() {
-    for (std::uint32_t i = 0; i < _chaves.size(); ++i) {
-      const bool topo = _chaves[i].ChaveNivelAnterior == 0;
-      _nodes.push_back({i, topo ? 0 : _registros[i].GrupoDoPai + 1, 0, 0});
-    }
-  }
+  struct Node {
+    std::uint32_t Registro;
+    std::uint32_t Pai;
+  };
 
-  void LigaUmAUm() {
-    for (std::uint32_t i = 0; i < _chaves.size(); ++i) {
-      if (_chaves[i].ChaveNivelAnterior == 0) Liga(i, 0, true);
-    }
-    while (!_prontos.Vazia()) {
-      const std::uint32_t registro = _prontos.Tira();
-      const std::uint32_t pais = _registros[registro].GrupoDoPai;
-      Liga(registro, _registros[pais].Alvo, !_noIndice[pais]);
-    }
-  }
-
-  void AgrupaPorChave() {
-    std::vector<Entrada> porChave;
-    porChave.reserve(_chaves.size());
-    _espera.reserve(_chaves.size());
-    for (std::uint32_t i = 0; i < _chaves.size(); ++i) {
-      porChave.push_back({_chaves[i].ChaveEste, i});
-      if (_chaves[i].ChaveNivelAnterior != 0) {
-        _espera.push_back({_chaves[i].ChaveNivelAnterior, i});
-      }
-    }
-    Ordena(porChave);
-    Ordena(_espera);
-    std::uint32_t espera = 0;
-    std::uint32_t grupo = 0;
+  void Agrupa() {
+    const auto& porChave = _indice.PorChave;
+    const auto& espera = _indice.PorNivelAnterior;
+    std::uint32_t primeiro = 0;
     for (std::size_t i = 0; i < porChave.size(); ++i) {
-      const auto [chave, registro] = porChave[i];
-      if (i == 0 || chave != porChave[i - 1].Chave) {
-        grupo = registro;
-        AbreGrupo(grupo, chave, espera);
-      }
-      _registros[registro].Grupo = grupo;
+      if (i == 0 || porChave[i].Chave != porChave[i - 1].Chave) primeiro = porChave[i].Posicao;
+      _grupos[porChave[i].Posicao].Primeiro = primeiro;
+      _grupos[porChave[i].Posicao].Espera = static_cast<std::uint32_t>(espera.size());
     }
-  }
-
-  // `espera` is how far the groups of smaller keys have come in _espera.
-  void AbreGrupo(std::uint32_t grupo, std::uint32_t chave, std::uint32_t& espera) {
-    while (espera < _espera.size() && _espera[espera].Chave < chave) ++espera;
-    _registros[grupo].Espera = espera;
-    for (; espera < _espera.size() && _espera[espera].Chave == chave; ++espera) {
-      _registros[_espera[espera].Posicao].GrupoDoPai = grupo;
+    for (auto i = static_cast<std::uint32_t>(espera.size()); i-- > 0;) {
+      const std::uint32_t pai = _indice.Pai[espera[i].Posicao];
+      if (_chaves[pai].ChaveEste == espera[i].Chave) _grupos[pai].Espera = i;
     }
   }
 
   void Liga(std::uint32_t registro, std::uint32_t pai, bool entraNoIndice) {
     const auto node = static_cast<std::uint32_t>(_nodes.size());
-    _nodes.push_back({registro, pai, 0, 0});
-    const std::uint32_t grupo = _registros[registro].Grupo;
-    std::uint32_t& alvo = _registros[grupo].Alvo;
-    if (alvo == 0) Acorda(_registros[grupo].Espera, _chaves[registro].ChaveEste);
+    _nodes.push_back({registro, pai});
+    Grupo& grupo = _grupos[_grupos[registro].Primeiro];
+    if (grupo.Alvo == 0) Acorda(grupo.Espera, _chaves[registro].ChaveEste);
     if (entraNoIndice) {
-      alvo = node;
-      _noIndice[grupo] = true;
-    } else if (alvo == 0 || (!_noIndice[grupo] && NovoVemAntes(node, alvo))) {
-      alvo = node;
+      grupo.Alvo = node;
+      grupo.NoIndice = true;
+    } else if (grupo.Alvo == 0 || (!grupo.NoIndice && NovoVemAntes(node, grupo.Alvo))) {
+      grupo.Alvo = node;
     }
   }
 
   // The records that name the key can be attached from now on.
-  void Acorda(std::uint32_t espera, std::uint32_t chave) {
-    for (; espera < _espera.size() && _espera[espera].Chave == chave; ++espera) {
-      _prontos.Poe(_espera[espera].Posicao);
+  void Acorda(std::uint32_t desde, std::uint32_t chave) {
+    const auto& espera = _indice.PorNivelAnterior;
+    for (auto i = desde; i < espera.size() && espera[i].Chave == chave; ++i) {
+      _prontos.Poe(espera[i].Posicao);
     }
   }
 
@@ -220,26 +238,19 @@ class Montagem {
     return a < b;
   }
 
-  void LigaIrmaos() {
-    for (auto node = static_cast<std::uint32_t>(_nodes.size() - 1); node > 0; --node) {
-      NodeDaHierarquia& este = _nodes[node];
-      este.ProximoIrmao = std::exchange(_nodes[este.Pai].PrimeiroFilho, node);
-    }
-  }
-
   const Chaves& _chaves;
-  std::vector<Registro> _registros;
-  std::vector<bool> _noIndice;   // by group
-  std::vector<Entrada> _espera;  // records with a parent key, by that key and in source order
-  std::vector<NodeDaHierarquia> _nodes;
+  const Indice& _indice;
+  std::vector<Grupo> _grupos;    // by record
+  std::vector<Node> _nodes;      // in the order in which they are attached; 0 is the root
   std::vector<Subida> _subidas;  // by node
   FilaOrdenada _prontos;         // records that can be attached, by source order
 };
 
 }  // namespace
 
-std::vector<NodeDaHierarquia> MontaHierarquia(const Chaves& chaves) {
-  return Montagem(chaves).Monta();
+Hierarquia MontaHierarquia(const Chaves& chaves) {
+  const Indice indice(chaves);
+  return indice.ChavesRepetidas ? Montagem(chaves, indice).Monta() : LigaTodos(chaves, indice);
 }
 
 }  // namespace kx

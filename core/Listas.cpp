@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string>
+#include <string_view>
 
 namespace kx {
 
@@ -39,7 +39,13 @@ CString LeTexto(const KXStringPS& origem, const char* fonte, int linha) {
 }
 
 CString LeTexto(const char* texto, const char* fonte, int linha) {
-  return LeTexto(texto, kSemLimite, fonte, linha);
+  if (texto == nullptr) return {};
+  std::size_t tamanho = 0;
+  if (!plataforma::MedeProtegido(texto, tamanho)) {
+    RelataFalhaBloco(0, fonte, linha);
+    return {};
+  }
+  return LeTexto(texto, tamanho, fonte, linha);
 }
 
 CString LeTexto(const char* texto, std::size_t tamanho, const char* fonte, int linha) {
@@ -48,17 +54,22 @@ CString LeTexto(const char* texto, std::size_t tamanho, const char* fonte, int l
   // beyond the terminator, whatever size the record claims.
   constexpr std::size_t kPagina = 4096;
   char pedaco[kPagina];
-  std::string lido;
-  while (lido.size() < tamanho) {
-    const char* proximo = texto + lido.size();
-    const std::size_t quantos = std::min(
-        tamanho - lido.size(), kPagina - reinterpret_cast<std::uintptr_t>(proximo) % kPagina);
+  CString lido;
+  for (std::size_t feitos = 0; feitos < tamanho;) {
+    const char* proximo = texto + feitos;
+    const std::size_t quantos =
+        std::min(tamanho - feitos, kPagina - reinterpret_cast<std::uintptr_t>(proximo) % kPagina);
     if (CopiaBloco(pedaco, proximo, quantos, fonte, linha) == nullptr) return {};
-    const std::size_t uteis = strnlen(pedaco, quantos);
-    lido.append(pedaco, uteis);
-    if (uteis < quantos) break;
+    const std::string_view uteis(pedaco, strnlen(pedaco, quantos));
+    if (feitos == 0) {
+      lido = CString(uteis);  // most texts end here, with one allocation
+    } else {
+      lido += CString(uteis);
+    }
+    if (uteis.size() < quantos) break;
+    feitos += quantos;
   }
-  return CString(std::string_view(lido));
+  return lido;
 }
 
 }  // namespace kx

@@ -8,9 +8,9 @@
 //   conhecimento.CopiarPara(&registro);             // record for the server
 //   CKXDadosCM_CTConhecimentoTransporte::ZerarGlobalAlloc(&registro);
 //
-// Money, weights and numbers of volumes are in 1/10,000. Codes (FretePorConta, LivreCobranca,
-// TipoNota, StatusViaTransp, VersaoGravacao and those that the tables call so) belong to the server
-// and pass through unchanged.
+// Money, weights and numbers of volumes are in 1/10,000, AliquotaICMS in 1/100 of a percent. Codes
+// (FretePorConta, LivreCobranca, TipoNota, StatusViaTransp, VersaoGravacao and those that the
+// tables call so) belong to the server and pass through unchanged.
 //
 // Conversions take their arrays from the task allocator (ZerarGlobalAlloc releases them). Equality
 // compares every named field and every collection but the audit stamps (dates and users of the

@@ -66,4 +66,8 @@ KX_API std::uint32_t RegistraMensagemJanela(const char* nome) noexcept;
 KX_API void* CopiaProtegida(void* destino, const void* origem, std::size_t n) noexcept;
 KX_API void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept;
 
+// As std::strlen, under the same guard: the characters before the terminator. False, and `tamanho`
+// as it was, when a fault comes before the terminator or the text is null.
+KX_API bool MedeProtegido(const char* texto, std::size_t& tamanho) noexcept;
+
 }  // namespace kx::plataforma

@@ -177,6 +177,10 @@ bool InstalaTratador() {
 
 void Copia(void* destino, const void* origem, std::size_t n) { std::memmove(destino, origem, n); }
 void Preenche(void* destino, int valor, std::size_t n) { std::memset(destino, valor, n); }
+void Mede(void* destino, const char* texto, std::size_t n) {
+  const std::size_t tamanho = std::strlen(texto);
+  std::memcpy(destino, &tamanho, n);
+}
 
 // Runs the action; null when a fault stopped it. The fences keep the compiler from moving the
 // action's memory accesses out of the guarded stretch.
@@ -209,6 +213,10 @@ void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept {
   if (n == 0) return destino;
   if (destino == nullptr) return nullptr;
   return SemFalha<Preenche>(destino, valor, n);
+}
+
+bool MedeProtegido(const char* texto, std::size_t& tamanho) noexcept {
+  return texto != nullptr && SemFalha<Mede>(&tamanho, texto, sizeof(tamanho)) != nullptr;
 }
 
 }  // namespace kx::plataforma

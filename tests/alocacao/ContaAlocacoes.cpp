@@ -10,11 +10,15 @@ std::atomic<long long> gVivas{0};
 std::atomic<long long> gFeitas{0};
 std::atomic<long long> gBytes{0};
 std::atomic<long long> gAteFalhar{0};
+std::atomic<bool> gFalhou{false};
 
 void* Aloca(std::size_t tamanho) noexcept {
   ++gFeitas;
   gBytes += static_cast<long long>(tamanho);
-  if (gAteFalhar.load() > 0 && --gAteFalhar == 0) return nullptr;
+  if (gAteFalhar.load() > 0 && --gAteFalhar == 0) {
+    gFalhou = true;
+    return nullptr;
+  }
   void* memoria = std::malloc(tamanho != 0 ? tamanho : 1);
   if (memoria != nullptr) ++gVivas;
   return memoria;
@@ -42,7 +46,12 @@ long long AlocacoesFeitas() noexcept { return gFeitas; }
 
 long long BytesPedidos() noexcept { return gBytes; }
 
-void FalhaNaAlocacao(long long n) noexcept { gAteFalhar = n; }
+void FalhaNaAlocacao(long long n) noexcept {
+  gAteFalhar = n;
+  if (n != 0) gFalhou = false;
+}
+
+bool AlocacaoFalhou() noexcept { return gFalhou; }
 
 }  // namespace apoio
 

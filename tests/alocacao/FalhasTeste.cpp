@@ -27,6 +27,7 @@ void FalhaEmCadaAlocacao(Acao acao, Depois depois) {
     apoio::FalhaNaAlocacao(0);
     depois();
     ASSERT_EQ(apoio::AlocacoesVivas(), vivas) << "allocation " << n;
+    ASSERT_EQ(apoio::AlocacaoFalhou(), falhou) << "allocation " << n;
     if (!falhou) return;
   }
 }
@@ -35,13 +36,16 @@ void FalhaEmCadaAlocacao(Acao acao, Depois depois) {
 template <class Classe>
 inline constexpr bool kLiberaTudo = !std::is_same_v<Classe, CKXDadosCM_Parcela>;
 
+// With this one an order has items, installments and cancellations.
+constexpr unsigned kSementeCheia = 28;
+
 template <class Classe>
 class Falhas : public ::testing::Test {};
 TYPED_TEST_SUITE(Falhas, apoio::ClassesDeRegistro);
 
 TYPED_TEST(Falhas, CopiarPara) {
   using REG = typename TypeParam::Registro;
-  const apoio::RegistroAleatorio<REG> original(21);
+  const apoio::RegistroAleatorio<REG> original(kSementeCheia);
   TypeParam objeto;
   objeto.CopiarDe(&original.Reg);
   REG destino{};
@@ -52,21 +56,23 @@ TYPED_TEST(Falhas, CopiarPara) {
 TYPED_TEST(Falhas, CadaLiberacaoLevaTudo) {
   if constexpr (kLiberaTudo<TypeParam>) {
     using REG = typename TypeParam::Registro;
-    const auto confere = [](kx::Alocador alocador, void (*libera)(REG*)) {
+    const auto confere = [](unsigned semente, kx::Alocador alocador, void (*libera)(REG*)) {
       const long long vivas = apoio::AlocacoesVivas();
-      apoio::RegistroAleatorio<REG> registro(23, true, alocador);
+      apoio::RegistroAleatorio<REG> registro(semente, true, alocador);
       libera(&registro.Reg);
       EXPECT_EQ(apoio::OQueFicou(KXMetadados<REG>::kInfo, &registro.Reg), "");
       EXPECT_EQ(apoio::AlocacoesVivas(), vivas);
     };
-    confere(kx::Alocador::Delete, TypeParam::ZerarDelete);
-    confere(kx::Alocador::Tarefa, TypeParam::ZerarGlobalAlloc);
+    for (unsigned semente = 0; semente < 5; ++semente) {
+      confere(semente, kx::Alocador::Delete, TypeParam::ZerarDelete);
+      confere(semente, kx::Alocador::Tarefa, TypeParam::ZerarGlobalAlloc);
+    }
   }
 }
 
 TYPED_TEST(Falhas, CopiarDeECopia) {
   using REG = typename TypeParam::Registro;
-  const apoio::RegistroAleatorio<REG> original(22, true);
+  const apoio::RegistroAleatorio<REG> original(kSementeCheia, true);
   TypeParam inteiro;
   inteiro.CopiarDe(&original.Reg);
   const auto tenta = [&](auto acao) {
@@ -101,6 +107,31 @@ TEST(Alocacoes, TextoLidoTomaOQueTemENaoOQueDiz) {
   const long long antes = apoio::BytesPedidos();
   EXPECT_EQ(kx::LeTexto(texto, "FalhasTeste", __LINE__).Vista(), "abc");
   EXPECT_LT(apoio::BytesPedidos() - antes, 1000);
+}
+
+TEST(FalhasArvore, MontaECopia) {
+  using Arvore = CKXDadosCM_ACTreeAutorizacaoCompra;
+  tagREG_CM_AUTORIZACAO_CMSAUTPS regras[4] = {};
+  const std::uint32_t anterior[] = {2, 0, 2, 1};  // two rules have key 1
+  for (std::uint32_t i = 0; i < 4; ++i) {
+    regras[i].ChaveEste = 1 + i % 3 % 2;
+    regras[i].ChaveNivelAnterior = anterior[i];
+  }
+  const tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{4, {}, regras};
+  Arvore inteira;
+  inteira.CopiarDe(&lista);
+  Arvore arvore;
+  arvore = inteira;
+  FalhaEmCadaAlocacao(
+      [&] {
+        Arvore outra;
+        outra.CopiarDe(&lista);
+        EXPECT_TRUE(outra == inteira);
+      },
+      [] {});
+  // A copy that fails leaves the node as it was.
+  FalhaEmCadaAlocacao([&] { Arvore(arvore) = inteira; },
+                      [&] { EXPECT_EQ(arvore.GetQuantidadeNodes(), 1); });
 }
 
 TEST(Alocacoes, EntradaVaziaNaoAloca) {

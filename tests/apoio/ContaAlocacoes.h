@@ -15,5 +15,7 @@ long long BytesPedidos() noexcept;
 
 // Makes the n-th allocation from now on fail (1 is the next one), once; 0 takes it back.
 void FalhaNaAlocacao(long long n) noexcept;
+// Whether the allocation last chosen came and failed.
+bool AlocacaoFalhou() noexcept;
 
 }  // namespace apoio

@@ -1,5 +1,5 @@
 // Records of any type with random contents, from their metadata alone: the sweeps over all tables
-// use them. Arrays and texts come from the task allocator.
+// use them. Arrays and texts come from the task allocator unless another is asked for.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// Public sample invoices against numbers that were computed without this project.
+// Public sample invoices and freight bills against numbers that were computed without this project.
+#include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <regex>
@@ -19,7 +20,8 @@ struct NotaRelatada {
 // "1.234,50"
 double Numero(std::string texto) {
   std::erase(texto, '.');
-  return std::stod(Troca(std::move(texto), ",", "."));
+  std::replace(texto.begin(), texto.end(), ',', '.');
+  return std::stod(texto);
 }
 
 void LeConteudo(const std::string& linha, NotaRelatada& nota) {
@@ -93,5 +95,66 @@ TEST_F(FerramentaTeste, NumerosDasAmostras) {
     const auto notas = LeRelatorio(Executa({"importa", (dados / arquivo).string()}).Saida);
     ASSERT_EQ(notas.size(), esperadas.size());
     for (std::size_t i = 0; i < notas.size(); ++i) Confere(esperadas[i], notas[i]);
+  }
+}
+
+namespace {
+
+// The value of a field of the record, 0 when it is empty; of all elements of an array, their sum.
+double Campo(const std::string& saida, const std::string& nome) {
+  const std::regex linha("\n +" + nome + ": (\\S+)");
+  double soma = 0;
+  for (std::sregex_iterator i(saida.begin(), saida.end(), linha), fim; i != fim; ++i) {
+    soma += Numero((*i)[1]);
+  }
+  return soma;
+}
+
+std::ptrdiff_t Elementos(const std::string& saida, const std::string& lista) {
+  const std::regex linha("\n    " + lista + " \\d+ de ");
+  return std::distance(std::sregex_iterator(saida.begin(), saida.end(), linha),
+                       std::sregex_iterator());
+}
+
+void ConfereConhecimento(const nlohmann::json& esperado, const std::string& saida) {
+  const bool st = esperado.at("icms") == "ICMS60";
+  const std::pair<const char*, const char*> campos[] = {
+      {"ValorTotalCTe", "vTPrest"},
+      {"ValorConhecimentoTransporteLiquido", "vRec"},
+      {st ? "ValorBaseCalculoICMSSubstituicao" : "ValorBaseCalculoICMS", "vBC"},
+      {st ? "ValorICMSSubtituicao" : "ValorICMS", "vICMS"},
+  };
+  for (const auto& [campo, nome] : campos) {
+    EXPECT_DOUBLE_EQ(Campo(saida, campo), Decimal(esperado.at(nome))) << campo;
+  }
+  const double aliquota = st ? 0 : 100 * Decimal(esperado.at("pICMS"));
+  EXPECT_DOUBLE_EQ(Campo(saida, "AliquotaICMS"), aliquota);
+  EXPECT_EQ(Elementos(saida, "NotaFiscal"), esperado.at("infNFe").get<int>() +
+                                                esperado.at("infNF").get<int>() +
+                                                esperado.at("infOutros").get<int>());
+  EXPECT_EQ(Elementos(saida, "Parcela"), esperado.at("dups").get<int>());
+  const std::string parcelas = saida.substr(std::min(saida.find("\n    Parcela"), saida.size()));
+  EXPECT_DOUBLE_EQ(Campo(parcelas, "Valor"), Decimal(esperado.at("dup_sum")));
+  std::smatch soma;
+  if (std::regex_search(saida, soma, std::regex("    vTPrest +(\\S+)"))) {
+    EXPECT_DOUBLE_EQ(Numero(soma[1]), Decimal(esperado.at("comp_sum")));
+  } else {
+    EXPECT_EQ(esperado.at("comps"), 0);
+  }
+  EXPECT_NE(saida.find("ida e volta: igual"), std::string::npos);
+}
+
+}  // namespace
+
+TEST_F(FerramentaTeste, NumerosDosConhecimentosDeAmostra) {
+  const fs::path dados(KX_DADOS);
+  if (!fs::exists(dados / "expected.json")) GTEST_SKIP() << "no sample documents in " << dados;
+  const auto esperado = nlohmann::json::parse(LeArquivo(dados / "expected.json"));
+  ASSERT_FALSE(esperado.at("cte").empty());
+  for (const auto& conhecimento : esperado.at("cte")) {
+    const std::string arquivo = conhecimento.at("file");
+    SCOPED_TRACE(arquivo);
+    ConfereConhecimento(conhecimento,
+                        Executa({"importa", "--campos", (dados / arquivo).string()}).Saida);
   }
 }

@@ -58,7 +58,7 @@ std::vector<CasoDeErro> CasosDeErro() {
       {"nulo", boa.substr(0, 900) + std::string(1, '\0') + boa.substr(900), "XML: byte nulo"},
       {"cortado", boa.substr(0, boa.size() / 2), "XML: malformado ou cortado"},
       {"fundo", fundo, "XML: malformado ou cortado"},
-      {"conhecimento", "<cteProc><CTe/></cteProc>", "cteProc: não é uma nota fiscal eletrônica"},
+      {"outro", "<nfseProc><NFSe/></nfseProc>", "nfseProc: não é nota fiscal nem conhecimento"},
       {"sem_inf", "<NFe/>", "NFe/infNFe: elemento obrigatório ausente"},
       {"sem_itens", std::regex_replace(boa, std::regex("<(/?)det\\b"), "<$1x"),
        "det: elemento obrigatório ausente"},

@@ -342,18 +342,23 @@ TEST(ArvoreFunda, UmMilhaoDeNiveis) {
 // Quadratic work on 200,000 records would take minutes; a linear build takes a fraction of a
 // second.
 TEST(ArvoreMontagem, CustoNaoCresceComOQuadrado) {
+  constexpr std::uint32_t kQuantos = 200'000;
   const auto inicio = std::chrono::steady_clock::now();
   for (const int ordem : {0, 1, 2}) {
-    EXPECT_EQ(Monta(Corrente(200'000, ordem)).GetQuantidadeNodes(), 1);
+    EXPECT_EQ(Monta(Corrente(kQuantos, ordem)).GetQuantidadeNodes(), 1);
   }
   Registros estrela{{1, 0}};
-  for (std::uint32_t i = 2; i <= 200'000; ++i) estrela.push_back({i, 1});
+  for (std::uint32_t i = 2; i <= kQuantos; ++i) estrela.push_back({i, 1});
   std::reverse(estrela.begin(), estrela.end());
   EXPECT_EQ(Monta(estrela).GetQuantidadeNodes(), 1);
-  // One key for all, a level deeper each: every node is compared with the first of its key.
-  Registros iguais(1000, Chaves{1, 1});
-  iguais.push_back({1, 0});
-  EXPECT_EQ(Monta(iguais).GetQuantidadeNodes(), 1);
+  // A chain in which every node has a child with the same key, not in the index: each of these,
+  // deeper and deeper, is compared with the first.
+  Registros repetidas;
+  for (std::uint32_t i = 1; i <= kQuantos / 2; ++i) {
+    repetidas.push_back({i, i - 1});
+    repetidas.push_back({kQuantos, i});
+  }
+  EXPECT_EQ(Monta(repetidas).GetQuantidadeNodes(), 1);
   EXPECT_LT(std::chrono::steady_clock::now() - inicio, std::chrono::seconds(20));
 }
 

@@ -80,6 +80,18 @@ TEST(CopiaProtegida, FalhaDevolveNuloQuantasVezesForem) {
   }
 }
 
+TEST(MedeProtegido, TextoAteOFimDaPaginaESemTerminador) {
+  const Paginas paginas;
+  std::size_t tamanho = 77;
+  EXPECT_FALSE(MedeProtegido(paginas.Legivel(), tamanho));
+  EXPECT_FALSE(MedeProtegido(paginas.Proibida(), tamanho));
+  EXPECT_FALSE(MedeProtegido(nullptr, tamanho));
+  EXPECT_EQ(tamanho, 77U);
+  paginas.Proibida()[-1] = '\0';
+  EXPECT_TRUE(MedeProtegido(paginas.Legivel(), tamanho));
+  EXPECT_EQ(tamanho, Paginas::kPagina - 1);
+}
+
 // A file mapping beyond the file's end: a bus error.
 TEST(CopiaProtegida, ErroDeBarramento) {
   const int arquivo = memfd_create("vazio", 0);

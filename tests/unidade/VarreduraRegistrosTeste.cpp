@@ -145,13 +145,14 @@ void ConferePartes(const Classe& cheio, Partes partes) {
 
   Classe movido(std::move(copia));
   EXPECT_EQ(partes(movido), partes(cheio));
-  copia = std::move(atribuido);
-  EXPECT_EQ(partes(copia), partes(cheio));
+  Classe destino;
+  destino = std::move(atribuido);
+  EXPECT_EQ(partes(destino), partes(cheio));
 
   const typename Classe::Registro zero{};
   EXPECT_EQ(partes(movido.CopiarDe(&zero)), partes(Classe()));
-  copia.Limpar();
-  EXPECT_EQ(partes(copia), partes(Classe()));
+  destino.Limpar();
+  EXPECT_EQ(partes(destino), partes(Classe()));
 }
 
 TEST(VarreduraPartes, OQueAIgualdadeNaoVe) {

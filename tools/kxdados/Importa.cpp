@@ -10,8 +10,10 @@
 #include <iterator>
 #include <limits>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 
+#include "ImportaCTe.h"
 #include "ImportaNFe.h"
 #include "Relatorio.h"
 
@@ -21,20 +23,21 @@ namespace {
 
 namespace fs = std::filesystem;
 using Entrada = CKXDadosCM_RERegistroEntrada;
+using Transporte = CKXDadosCM_CTConhecimentoTransporte;
 
 constexpr std::uint64_t kMaximo16 = std::numeric_limits<std::uint16_t>::max();
 constexpr std::uint64_t kMaximo31 = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kMaximo32 = std::numeric_limits<std::uint32_t>::max();
 constexpr const char* kEntradaPadrao = "(entrada padrão)";
 
-template <auto Poe, class T>
-void PoeChave(Entrada& entrada, std::uint64_t valor) {
-  (entrada.*Poe)(static_cast<T>(valor));
+template <class Objeto, auto Poe, class T>
+void PoeChave(Objeto& objeto, std::uint64_t valor) {
+  (objeto.*Poe)(static_cast<T>(valor));
 }
 
-template <auto Poe, class T>
-void PoeNaCondicao(Entrada& entrada, std::uint64_t valor) {
-  (entrada.GetCondicaoPagamento().*Poe)(static_cast<T>(valor));
+template <class Objeto, auto Poe, class T>
+void PoeNaCondicao(Objeto& objeto, std::uint64_t valor) {
+  (objeto.GetCondicaoPagamento().*Poe)(static_cast<T>(valor));
 }
 
 using Condicao = CKXDadosCM_CondicaoPagamento;
@@ -44,34 +47,67 @@ using u32 = std::uint32_t;
 
 constexpr std::array kOpcoes = {
     OpcaoChave{"--fornecedor", "fornecedor", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroFornecedor, i32>},
-    OpcaoChave{"--filial", "filial", kMaximo16, PoeChave<&Entrada::SetPonteiroFilial, u16>},
+               PoeChave<Entrada, &Entrada::SetPonteiroFornecedor, i32>, nullptr},
+    OpcaoChave{"--filial", "filial", kMaximo16, PoeChave<Entrada, &Entrada::SetPonteiroFilial, u16>,
+               PoeChave<Transporte, &Transporte::SetPonteiroFilial, u16>},
     OpcaoChave{"--comprador", "comprador", kMaximo32,
-               PoeChave<&Entrada::SetPonteiroComprador, u32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroComprador, u32>, nullptr},
     OpcaoChave{"--tipo-documento", "tipo de documento", kMaximo16,
-               PoeChave<&Entrada::SetPonteiroTipoDocumento, u16>},
+               PoeChave<Entrada, &Entrada::SetPonteiroTipoDocumento, u16>,
+               PoeChave<Transporte, &Transporte::SetPonteiroTipoDocumento, u16>},
     OpcaoChave{"--transportadora", "transportadora", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroTransportadora, i32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroTransportadora, i32>,
+               PoeChave<Transporte, &Transporte::SetPonteiroTransportadora, i32>},
     OpcaoChave{"--operacao", "operação de compra", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroOperacao, i32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroOperacao, i32>,
+               PoeChave<Transporte, &Transporte::SetPonteiroOperacao, i32>},
     OpcaoChave{"--departamento", "departamento", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroDepartamento, i32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroDepartamento, i32>, nullptr},
     OpcaoChave{"--requisitante", "requisitante", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroRequisitante, i32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroRequisitante, i32>, nullptr},
     OpcaoChave{"--classificacao", "classificação", kMaximo31,
-               PoeChave<&Entrada::SetPonteiroClassificacao, i32>},
+               PoeChave<Entrada, &Entrada::SetPonteiroClassificacao, i32>,
+               PoeChave<Transporte, &Transporte::SetPonteiroClassificacao, i32>},
     OpcaoChave{"--historico", "histórico", kMaximo16,
-               PoeChave<&Entrada::SetPonteiroHistorico, u16>},
+               PoeChave<Entrada, &Entrada::SetPonteiroHistorico, u16>,
+               PoeChave<Transporte, &Transporte::SetPonteiroHistorico, u16>},
     OpcaoChave{"--municipio", "município", kMaximo16,
-               PoeChave<&Entrada::SetPonteiroMunicipio, u16>},
+               PoeChave<Entrada, &Entrada::SetPonteiroMunicipio, u16>,
+               PoeChave<Transporte, &Transporte::SetPonteiroMunicipio, u16>},
     OpcaoChave{"--condicao-pagamento", "condição de pagamento", kMaximo16,
-               PoeNaCondicao<&Condicao::SetPonteiroCondicaoPagamento, u16>},
+               PoeNaCondicao<Entrada, &Condicao::SetPonteiroCondicaoPagamento, u16>,
+               PoeNaCondicao<Transporte, &Condicao::SetPonteiroCondicaoPagamento, u16>},
     OpcaoChave{"--tipo-cobranca", "tipo de cobrança", kMaximo16,
-               PoeNaCondicao<&Condicao::SetPonteiroTipoCobranca, u16>},
+               PoeNaCondicao<Entrada, &Condicao::SetPonteiroTipoCobranca, u16>,
+               PoeNaCondicao<Transporte, &Condicao::SetPonteiroTipoCobranca, u16>},
     OpcaoChave{"--nsu", "número sequencial (NSU) do documento",
                std::numeric_limits<std::uint64_t>::max(),
-               PoeChave<&Entrada::SetNSU, std::uint64_t>},
+               PoeChave<Entrada, &Entrada::SetNSU, std::uint64_t>, nullptr},
 };
+
+// The elements NFe, CTe and CTeSimp at most `niveis` below `no`: by themselves, with their
+// protocol (nfeProc, cteProc, cteSimpProc) or in a batch (enviNFe, enviCTe).
+void JuntaDocumentos(pugi::xml_node no, int niveis, std::vector<pugi::xml_node>& documentos) {
+  const std::string_view nome = NomeLocal(no);
+  if (nome == "NFe" || nome == "CTe" || nome == "CTeSimp") {
+    documentos.push_back(no);
+  } else if (niveis > 0) {
+    for (const pugi::xml_node filho : no.children()) {
+      JuntaDocumentos(filho, niveis - 1, documentos);
+    }
+  }
+}
+
+std::vector<pugi::xml_node> DocumentosDoArquivo(const pugi::xml_document& arquivo) {
+  constexpr int kNiveis = 3;
+  std::vector<pugi::xml_node> documentos;
+  JuntaDocumentos(arquivo, kNiveis, documentos);
+  if (documentos.empty()) {
+    throw Falha(std::string(NomeLocal(arquivo.document_element())),
+                "não é nota fiscal nem conhecimento de transporte eletrônico");
+  }
+  return documentos;
+}
 
 class Importacao {
  public:
@@ -133,30 +169,45 @@ class Importacao {
     try {
       pugi::xml_document documento;
       AbreXML(Le(caminho), documento);
-      const auto notas = NotasDoDocumento(documento);
-      for (std::size_t i = 0; i < notas.size(); ++i) {
-        const bool varias = notas.size() > 1;
-        Importa(origem + (varias ? " (nota " + std::to_string(i + 1) + ")" : ""), notas[i]);
+      const auto documentos = DocumentosDoArquivo(documento);
+      for (std::size_t i = 0; i < documentos.size(); ++i) {
+        const bool nota = NomeLocal(documentos[i]) == "NFe";
+        const std::string qual = documentos.size() == 1 ? ""
+                                                        : (nota ? " (nota " : " (conhecimento ") +
+                                                              std::to_string(i + 1) + ")";
+        nota ? ImportaNota(origem + qual, documentos[i])
+             : ImportaConhecimento(origem + qual, documentos[i]);
       }
     } catch (const Falha& falha) {
       Erro(origem, falha);
     }
   }
 
-  // One invoice; what is wrong with it does not touch the others.
-  void Importa(const std::string& origem, pugi::xml_node nfe) {
-    try {
-      Nota nota = ImportaNFe(nfe);
-      for (const auto& [opcao, valor] : _opcoes.Chaves) opcao->Poe(nota.Entrada, valor);
-      const Viagem viagem = Viaja(nota.Entrada, _opcoes.Campos);
-      std::ostringstream relatorio;
-      EscreveRelatorio(relatorio, origem, nota, viagem);
-      std::cout << relatorio.str() << '\n';
-      for (const Falha& falha : nota.Chaves) Erro(origem, falha);
-      if (!viagem.Igual) Erro(origem, Falha("registro", "a ida e volta perdeu dados"));
-    } catch (const Falha& falha) {
-      Erro(origem, falha);
+  void ImportaNota(const std::string& origem, pugi::xml_node nfe) try {
+    Nota nota = ImportaNFe(nfe);
+    for (const auto& [opcao, valor] : _opcoes.Chaves) opcao->PoeNaEntrada(nota.Entrada, valor);
+    Relata(origem, nota, nota.Entrada);
+  } catch (const Falha& falha) {
+    Erro(origem, falha);
+  }
+
+  void ImportaConhecimento(const std::string& origem, pugi::xml_node cte) try {
+    Conhecimento conhecimento = ImportaCTe(cte);
+    for (const auto& [opcao, valor] : _opcoes.Chaves) {
+      if (opcao->PoeNoConhecimento != nullptr) opcao->PoeNoConhecimento(conhecimento.Objeto, valor);
     }
+    Relata(origem, conhecimento, conhecimento.Objeto);
+  } catch (const Falha& falha) {
+    Erro(origem, falha);
+  }
+
+  void Relata(const std::string& origem, const auto& documento, const auto& objeto) {
+    const Viagem viagem = Viaja(objeto, _opcoes.Campos);
+    std::ostringstream relatorio;
+    EscreveRelatorio(relatorio, origem, documento, viagem);
+    std::cout << relatorio.str() << '\n';
+    for (const Falha& falha : documento.Chaves) Erro(origem, falha);
+    if (!viagem.Igual) Erro(origem, Falha("registro", "a ida e volta perdeu dados"));
   }
 
   const OpcoesImporta& _opcoes;

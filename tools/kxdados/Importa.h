@@ -7,16 +7,18 @@
 #include <utility>
 #include <vector>
 
+#include "ct/DadosCT.h"
 #include "re/DadosRE.h"
 
 namespace kxdados {
 
-// A key of another table that the user may give for all the entries.
+// A key of another table that the user may give for all the documents.
 struct OpcaoChave {
   const char* Nome;  // "--filial"
   const char* Ajuda;
   std::uint64_t Maximo;
-  void (*Poe)(CKXDadosCM_RERegistroEntrada&, std::uint64_t);
+  void (*PoeNaEntrada)(CKXDadosCM_RERegistroEntrada&, std::uint64_t);
+  void (*PoeNoConhecimento)(CKXDadosCM_CTConhecimentoTransporte&, std::uint64_t);  // or null
 };
 std::span<const OpcaoChave> OpcoesChave() noexcept;
 
@@ -27,7 +29,7 @@ struct OpcoesImporta {
 };
 
 // Reports to standard output, a line per error to the standard error. Returns the exit status: 1
-// when there was any error; the other files and invoices are done all the same.
+// when there was any error; the other files and documents are done all the same.
 int Importa(const OpcoesImporta& opcoes);
 
 }  // namespace kxdados

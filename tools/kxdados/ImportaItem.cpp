@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "ImportaNFe.h"
 #include "Latin1.h"
-#include "Regras.h"
 #include "kxldados/Dinheiro.h"
 
 namespace kxdados {

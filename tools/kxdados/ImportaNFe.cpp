@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "Latin1.h"
-#include "Regras.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Dinheiro.h"
 
@@ -74,11 +73,6 @@ constexpr RegraTexto<Entrada> kVolume[] = {
      &Entrada::GetNumeroInicialVolume},
 };
 
-constexpr RegraTexto<CKXDadosCM_Parcela> kParcela[] = {
-    {"nDup", "NumeroDocumento", &CKXDadosCM_Parcela::SetNumeroDocumento,
-     &CKXDadosCM_Parcela::GetNumeroDocumento},
-};
-
 constexpr RegraTexto<Referida> kReferidaEmPapel[] = {
     {"mod", "ModeloNotaFiscalOrigem", &Referida::SetModeloNotaFiscalOrigem,
      &Referida::GetModeloNotaFiscalOrigem},
@@ -95,25 +89,6 @@ constexpr RegraTexto<Referida> kReferidaECF[] = {
      &Referida::GetNumeroNotaFiscalOrigem},
 };
 
-CString Numero(int valor) {
-  CString texto;
-  texto.Format("%d", valor);
-  return texto;
-}
-
-// The key of the identifier, or of the protocol when the invoice has no identifier.
-void ImportaChave(No nfe, No inf, Nota& nota) {
-  std::string texto = inf.attribute("Id").value();
-  if (texto.starts_with("NFe")) texto.erase(0, 3);
-  std::string elemento = "infNFe/@Id";
-  const No protocolo = Desce(nfe.parent(), "protNFe/infProt/chNFe");
-  if (texto.empty() && protocolo) {
-    texto = Valor(protocolo);
-    elemento = Caminho(protocolo);
-  }
-  nota.Entrada.SetRegNFe(LeChave(texto, elemento, nota));
-}
-
 void ImportaIdentificacao(No ide, Nota& nota) {
   for (const char* elemento : {"mod", "serie", "nNF", "tpNF"}) TextoExigido(ide, elemento);
   const char* emissao = Filho(ide, "dhEmi") ? "dhEmi" : "dEmi";
@@ -123,21 +98,20 @@ void ImportaIdentificacao(No ide, Nota& nota) {
 }
 
 void ImportaPartes(No inf, Nota& nota) {
-  const No emitente = Exige(inf, "emit");
-  nota.Emitente = UTF8DeLatin1(TextoExigido(emitente, "xNome").Vista());
-  Aplica(kOrigem, Filho(emitente, "enderEmit"), nota.Entrada, nota);
+  ImportaEmitente(inf, nota);
+  Aplica(kOrigem, Desce(inf, "emit/enderEmit"), nota.Entrada, nota);
   Aplica(kDestino, Desce(inf, "dest/enderDest"), nota.Entrada, nota);
 }
 
 // Series, number and model of a referred electronic document are digits of its key.
 Referida ReferidaPorChave(No no, Nota& nota) {
   Referida referida;
-  const _KX_NFE_ps chave = LeChave(Valor(no), Caminho(no), nota);
+  const _KX_NFE_ps chave = LeChave(no, nota);
   referida.SetRegNFe(chave);
   if (!kx::ChaveVazia(chave)) {
-    referida.SetModeloNotaFiscalOrigem(Numero(kx::ModeloDaChave(chave)))
-        .SetSerieNotaFiscalOrigem(Numero(kx::SerieDaChave(chave)))
-        .SetNumeroNotaFiscalOrigem(Numero(kx::NumeroDaChave(chave)));
+    referida.SetModeloNotaFiscalOrigem(TextoDeNumero(kx::ModeloDaChave(chave)))
+        .SetSerieNotaFiscalOrigem(TextoDeNumero(kx::SerieDaChave(chave)))
+        .SetNumeroNotaFiscalOrigem(TextoDeNumero(kx::NumeroDaChave(chave)));
   }
   return referida;
 }
@@ -278,12 +252,7 @@ void ImportaTransporte(No transp, Nota& nota) {
 
 void ImportaCobranca(No cobr, Nota& nota) {
   auto& condicao = nota.Entrada.GetCondicaoPagamento();
-  for (const No dup : Filhos(cobr, "dup")) {
-    CKXDadosCM_Parcela parcela;
-    parcela.SetRegDataVencimento(Data(dup, "dVenc")).SetValor(DinheiroExigido(dup, "vDup"));
-    Aplica(kParcela, dup, parcela, nota);
-    condicao.AdicionaParcela(std::move(parcela));
-  }
+  ImportaParcelas(cobr, condicao, nota);
   if (!condicao.GetListaParcela().empty()) {
     condicao.SetDataPrimeiroVencimento(condicao.GetParcela(0).GetRegDataVencimento());
     nota.Entrada.SetManterParcelasOriginaisNFe(1);
@@ -307,68 +276,23 @@ void ImportaObservacoes(No infAdic, Nota& nota) {
       .SetObservacaoFisco(Observacao(infAdic, "infAdFisco", "ObservacaoFisco", nota));
 }
 
-// Counts travel in 16 bits.
-template <class T>
-void ExigeQueCaiba(const CKXVector<T>& lista, const char* elemento) {
-  if (lista.size() > std::numeric_limits<std::uint16_t>::max()) {
-    throw Falha(elemento, "mais de 65.535 elementos");
-  }
-}
-
 void ConfereQuantidades(const Entrada& entrada) {
   ExigeQueCaiba(entrada.GetListaProduto(), "det");
   ExigeQueCaiba(entrada.GetListaServico(), "det");
   ExigeQueCaiba(entrada.GetListaReferidas(), "ide/NFref");
   ExigeQueCaiba(entrada.GetListaObservacoesCFOP(), "det/prod/CFOP");
-  ExigeQueCaiba(entrada.GetCondicaoPagamento().GetListaParcela(), "cobr/dup");
   for (const auto& item : entrada.GetListaProduto()) {
     ExigeQueCaiba(item.GetListaEntradaEstoque(), "det/prod/rastro");
   }
 }
 
-// The elements NFe at most two levels below `no`: NFe, nfeProc/NFe, enviNFe/NFe.
-void JuntaNotas(No no, int niveis, std::vector<No>& notas) {
-  if (NomeLocal(no) == "NFe") {
-    notas.push_back(no);
-  } else if (niveis > 0) {
-    for (const No filho : no.children()) JuntaNotas(filho, niveis - 1, notas);
-  }
-}
-
 }  // namespace
-
-void AvisaCorte(Nota& nota, No pai, const char* elemento, const char* campo, int caracteres,
-                int couberam) {
-  nota.Avisos.push_back("cortado: " + std::string(campo) + ": " + Caminho(pai, elemento) + " tem " +
-                        std::to_string(caracteres) + " caracteres, couberam " +
-                        std::to_string(couberam));
-}
-
-_KX_NFE_ps LeChave(const std::string& texto, const std::string& elemento, Nota& nota) {
-  _KX_NFE_ps chave{};
-  const kx::ErroChave erro = kx::ChaveDeTexto(texto, chave);
-  if (erro != kx::ErroChave::Nenhum) {
-    nota.Chaves.emplace_back(elemento, UTF8DeLatin1(kx::MensagemErroChave(erro)));
-  }
-  return chave;
-}
-
-std::vector<No> NotasDoDocumento(const pugi::xml_document& documento) {
-  constexpr int kNiveis = 3;
-  std::vector<No> notas;
-  JuntaNotas(documento, kNiveis, notas);
-  if (notas.empty()) {
-    throw Falha(std::string(NomeLocal(documento.document_element())),
-                "não é uma nota fiscal eletrônica");
-  }
-  return notas;
-}
 
 Nota ImportaNFe(No nfe) {
   const No inf = Exige(nfe, "infNFe");
   const No ide = Exige(inf, "ide");
   Nota nota;
-  ImportaChave(nfe, inf, nota);
+  nota.Entrada.SetRegNFe(LeChavePropria(inf, "NFe", "protNFe/infProt/chNFe", nota));
   ImportaIdentificacao(ide, nota);
   ImportaPartes(inf, nota);
   ImportaReferidas(ide, nota);

@@ -7,29 +7,24 @@
 #include <map>
 #include <pugixml.hpp>
 #include <string>
-#include <vector>
 
-#include "LeitorXML.h"
+#include "Regras.h"
 #include "re/DadosRE.h"
 
 namespace kxdados {
 
-// An imported invoice: the entry, and what is told about it that the entry does not hold. Texts are
-// UTF-8.
-struct Nota {
+// An imported invoice.
+struct Nota : Documento {
   CKXDadosCM_RERegistroEntrada Entrada;
-  std::string Emitente;
   std::map<std::string, CY, std::less<>> Declarados;  // totals as stated, by element
-  CY ForaDoTotal{};                 // product lines that do not make up the total (indTot 0)
-  std::vector<std::string> Avisos;  // what did not fit whole
-  std::vector<Falha> Chaves;        // access keys that are wrong, and were left empty
+  CY ForaDoTotal{};  // product lines that do not make up the total (indTot 0)
 };
 
-// The invoices (elements NFe) of a document; raises Falha when there is none.
-std::vector<pugi::xml_node> NotasDoDocumento(const pugi::xml_document& documento);
-
-// Raises Falha when something required is missing or a value cannot be held. A wrong access key
-// alone does not: it is left empty and told in Nota::Chaves.
+// From the element NFe. Raises Falha when something required is missing or a value cannot be held.
+// A wrong access key alone does not: it is left empty and told in Documento::Chaves.
 Nota ImportaNFe(pugi::xml_node nfe);
+
+// Adds an item of the invoice (element det) to the entry.
+void ImportaItem(pugi::xml_node det, Nota& nota);
 
 }  // namespace kxdados

@@ -46,6 +46,12 @@ int Ordem(pugi::xml_node no) {
   return static_cast<int>(std::find(irmaos.begin(), irmaos.end(), no) - irmaos.begin()) + 1;
 }
 
+// The element that holds a document whole. Inside a CT-e, infNFe is a carried invoice.
+bool EhCorpo(pugi::xml_node no) {
+  const std::string_view nome = NomeLocal(no);
+  return nome == "infCte" || (nome == "infNFe" && NomeLocal(no.parent()) == "NFe");
+}
+
 std::string Aparado(pugi::xml_node pai, std::string_view nome) {
   return std::string(SemBrancos(Valor(Filho(pai, nome))));
 }
@@ -105,14 +111,14 @@ pugi::xml_node Exige(pugi::xml_node pai, std::string_view nome) {
 
 std::string Caminho(pugi::xml_node no, std::string_view nome) {
   std::string caminho(nome);
-  for (; no && no.type() == pugi::node_element && NomeLocal(no) != "infNFe"; no = no.parent()) {
+  for (; no && no.type() == pugi::node_element && !EhCorpo(no); no = no.parent()) {
     std::string passo(NomeLocal(no));
     if (const int ordem = Ordem(no); ordem > 0)
       passo.append("[").append(std::to_string(ordem)).append("]");
     if (!caminho.empty()) passo.append("/").append(caminho);
     caminho = std::move(passo);
   }
-  return caminho.empty() ? "infNFe" : caminho;
+  return caminho.empty() ? std::string(NomeLocal(no)) : caminho;
 }
 
 std::string Valor(pugi::xml_node no) {

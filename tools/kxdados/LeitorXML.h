@@ -39,7 +39,8 @@ std::vector<pugi::xml_node> Filhos(pugi::xml_node pai, std::string_view nome);
 // Raises Falha when there is none.
 pugi::xml_node Exige(pugi::xml_node pai, std::string_view nome);
 
-// "det[3]/prod/vProd": the place of an element below infNFe, or of its child `nome`.
+// "det[3]/prod/vProd": the place of an element below the document's infNFe or infCte, or of its
+// child `nome`.
 std::string Caminho(pugi::xml_node no, std::string_view nome = {});
 
 // The characters of an element as they stand, UTF-8.

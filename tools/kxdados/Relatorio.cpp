@@ -16,13 +16,14 @@ namespace {
 using Entrada = CKXDadosCM_RERegistroEntrada;
 
 // A record that gives back what it owns.
+template <class Objeto>
 struct RegistroProprio {
-  tagREG_ENTRADAPS Registro{};
+  typename Objeto::Registro Registro{};
 
   RegistroProprio() = default;
   RegistroProprio(const RegistroProprio&) = delete;
   RegistroProprio& operator=(const RegistroProprio&) = delete;
-  ~RegistroProprio() { Entrada::ZerarGlobalAlloc(&Registro); }
+  ~RegistroProprio() { Objeto::ZerarGlobalAlloc(&Registro); }
 };
 
 std::string Contado(long long quantos, const char* um, const char* varios) {
@@ -67,9 +68,14 @@ void EscreveTotal(std::ostream& saida, const Total& total) {
   saida << '\n';
 }
 
+void EscreveTotais(std::ostream& saida, const std::vector<Total>& totais, const char* onde) {
+  if (totais.empty()) return;
+  Rotulo(saida, "totais") << "calculado = declarado " << onde << '\n';
+  for (const Total& total : totais) EscreveTotal(saida, total);
+}
+
 void EscreveTotais(std::ostream& saida, const Nota& nota) {
-  Rotulo(saida, "totais") << "calculado = declarado na nota\n";
-  for (const Total& total : ComparaTotais(nota)) EscreveTotal(saida, total);
+  EscreveTotais(saida, ComparaTotais(nota), "na nota");
   if (nota.ForaDoTotal != CY{}) {
     saida << "    (itens fora do total da nota: " << kx::TextoDeDinheiro(nota.ForaDoTotal) << ")\n";
   }
@@ -86,19 +92,31 @@ void EscreveRegistro(std::ostream& saida, const Viagem& viagem) {
                          << "; memória liberada\n";
 }
 
+void EscreveFim(std::ostream& saida, const Documento& documento, const Viagem& viagem) {
+  for (const std::string& aviso : documento.Avisos) saida << "  " << aviso << '\n';
+  EscreveRegistro(saida, viagem);
+  if (!viagem.Campos.empty()) saida << "  campos\n" << viagem.Campos;
+}
+
+void EscreveChave(std::ostream& saida, const _KX_NFE_ps& chave) {
+  const std::string texto = kx::TextoDeChave(chave);
+  Rotulo(saida, "chave") << (texto.empty() ? "(nenhuma)" : texto) << '\n';
+}
+
 }  // namespace
 
-Viagem Viaja(const Entrada& entrada, bool comCampos) {
-  const KXRegistroInfo& info = KXMetadados<tagREG_ENTRADAPS>::kInfo;
-  RegistroProprio ida;
-  entrada.CopiarPara(&ida.Registro);
-  Entrada volta;
+template <class Objeto>
+Viagem Viaja(const Objeto& objeto, bool comCampos) {
+  const KXRegistroInfo& info = KXMetadados<typename Objeto::Registro>::kInfo;
+  RegistroProprio<Objeto> ida;
+  objeto.CopiarPara(&ida.Registro);
+  Objeto volta;
   volta.CopiarDe(&ida.Registro);
 
   Viagem viagem;
-  viagem.Igual = volta == entrada;
+  viagem.Igual = volta == objeto;
   unsigned long inicio = 0;
-  viagem.Checksum = static_cast<std::uint32_t>(entrada.CalculaCRC(&inicio));
+  viagem.Checksum = static_cast<std::uint32_t>(objeto.CalculaCRC(&inicio));
   viagem.Registro = MedeRegistro(info, &ida.Registro);
   if (comCampos) {
     std::ostringstream campos;
@@ -108,20 +126,43 @@ Viagem Viaja(const Entrada& entrada, bool comCampos) {
   return viagem;
 }
 
+template Viagem Viaja(const CKXDadosCM_RERegistroEntrada& objeto, bool comCampos);
+template Viagem Viaja(const CKXDadosCM_CTConhecimentoTransporte& objeto, bool comCampos);
+
 void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota& nota,
                       const Viagem& viagem) {
   const Entrada& entrada = nota.Entrada;
-  const std::string chave = kx::TextoDeChave(entrada.GetRegNFe());
   saida << origem << ": nota " << UTF8DeLatin1(entrada.GetNumeroNotaFiscal().Vista()) << ", série "
         << UTF8DeLatin1(entrada.GetSerieNotaFiscal().Vista()) << ", emitida em "
         << kx::TextoDeData(entrada.GetRegDataEmissao()) << '\n';
-  Rotulo(saida, "chave") << (chave.empty() ? "(nenhuma)" : chave) << '\n';
+  EscreveChave(saida, entrada.GetRegNFe());
   Rotulo(saida, "emitente") << nota.Emitente << '\n';
   EscreveConteudo(saida, entrada);
   EscreveTotais(saida, nota);
-  for (const std::string& aviso : nota.Avisos) saida << "  " << aviso << '\n';
-  EscreveRegistro(saida, viagem);
-  if (!viagem.Campos.empty()) saida << "  campos\n" << viagem.Campos;
+  EscreveFim(saida, nota, viagem);
+}
+
+void EscreveRelatorio(std::ostream& saida, const std::string& origem,
+                      const Conhecimento& conhecimento, const Viagem& viagem) {
+  const auto& objeto = conhecimento.Objeto;
+  saida << origem << ": conhecimento "
+        << UTF8DeLatin1(objeto.GetNumeroConhecimentoTransporte().Vista()) << ", série "
+        << UTF8DeLatin1(objeto.GetSerieConhecimentoTransporte().Vista()) << ", emitido em "
+        << kx::TextoDeData(objeto.GetRegDataEmissao()) << '\n';
+  EscreveChave(saida, objeto.GetRegCTe());
+  Rotulo(saida, "emitente") << conhecimento.Emitente << '\n';
+  Rotulo(saida, "valor") << kx::TextoDeDinheiro(objeto.GetValorTotalCTe()) << ", a receber "
+                         << kx::TextoDeDinheiro(objeto.GetValorConhecimentoTransporteLiquido())
+                         << '\n';
+  Rotulo(saida, "conteúdo") << " "
+                            << Contado(objeto.GetQuantidadeNotaFiscal(), "nota transportada",
+                                       "notas transportadas")
+                            << ", "
+                            << Contado(objeto.GetCondicaoPagamento().GetNumeroParcelas(), "parcela",
+                                       "parcelas")
+                            << '\n';
+  EscreveTotais(saida, conhecimento.Totais, "no conhecimento");
+  EscreveFim(saida, conhecimento, viagem);
 }
 
 }  // namespace kxdados

@@ -1,4 +1,4 @@
-// What `importa` tells of an invoice.
+// What `importa` tells of a document.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,12 @@
 #include <string>
 
 #include "Campos.h"
+#include "ImportaCTe.h"
 #include "ImportaNFe.h"
 
 namespace kxdados {
 
-// The way of an entry through its flat record and back.
+// The way of an object through its flat record and back.
 struct Viagem {
   Medida Registro;
   std::uint32_t Checksum = 0;
@@ -18,10 +19,14 @@ struct Viagem {
   std::string Campos;  // the record's fields, when asked for
 };
 
-// Writes the entry into a record, rebuilds it from there, compares, and releases the record.
-Viagem Viaja(const CKXDadosCM_RERegistroEntrada& entrada, bool comCampos);
+// Writes the object into a record, rebuilds it from there, compares, and releases the record. For
+// the classes of the two documents below.
+template <class Objeto>
+Viagem Viaja(const Objeto& objeto, bool comCampos);
 
 void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota& nota,
                       const Viagem& viagem);
+void EscreveRelatorio(std::ostream& saida, const std::string& origem,
+                      const Conhecimento& conhecimento, const Viagem& viagem);
 
 }  // namespace kxdados

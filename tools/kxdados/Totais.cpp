@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "ImportaNFe.h"
+
 namespace kxdados {
 
 namespace {

@@ -1,15 +1,16 @@
-// The sums over the items of an entry beside the totals that its invoice states.
+// The sums over the parts of a document beside the totals that it states.
 #pragma once
 
 #include <vector>
 
-#include "ImportaNFe.h"
 #include "kxldados/Dinheiro.h"
 
 namespace kxdados {
 
+struct Nota;
+
 struct Total {
-  const char* Elemento;  // name of the stated total in the invoice
+  const char* Elemento;  // name of the stated total in the document
   CKXCurrencyEx Calculado;
   CKXCurrencyEx Declarado;
 };

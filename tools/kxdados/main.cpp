@@ -1,4 +1,5 @@
-// kxdados: imports electronic invoices as goods-receipt entries, and shows the layout of records.
+// kxdados: imports electronic invoices as goods-receipt entries and electronic freight bills as
+// freight bills, and shows the layout of records.
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <exception>
@@ -47,12 +48,13 @@ void Traduz(CLI::App& app) {
 
 CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
   CLI::App* comando = app.add_subcommand(
-      "importa", "Importa notas fiscais eletrônicas (NF-e 1.10 a 4.00) como entradas");
+      "importa",
+      "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos de transporte (CT-e 3.00 e 4.00)");
   comando->group("Comandos");
   comando->get_help_ptr()->group("Opções");
   comando->footer(
-      "As chaves são das tabelas do sistema e valem para todas as notas importadas.\n"
-      "Termina com 1 se alguma nota teve erro; as demais são importadas.");
+      "As chaves são das tabelas do sistema e valem para todos os documentos importados que as\n"
+      "tenham. Termina com 1 se algum documento teve erro; os demais são importados.");
   comando
       ->add_option("CAMINHO", opcoes.Caminhos,
                    "Arquivos, pastas (todos os .xml) ou - (entrada padrão)")

@@ -1,0 +1,148 @@
+// Freight bills through the tool: which field each element reaches, the wrappings, the errors.
+#include <algorithm>
+#include <regex>
+
+#include "Execucao.h"
+
+namespace {
+
+const std::string kNormal =
+    R"(<cteProc xmlns="http://www.portalfiscal.inf.br/cte" versao="4.00"><CTe>
+<infCte versao="4.00" Id="CTe41260311222333000181570010000042171000042173">
+<ide><CFOP>6353</CFOP><mod>57</mod><serie>1</serie><nCT>4217</nCT>
+<dhEmi>2026-03-09T23:50:00-03:00</dhEmi><modal>01</modal><UFIni>PR</UFIni><UFFim>SP</UFFim></ide>
+<compl><xObs>Coleta às 8h</xObs></compl>
+<emit><CNPJ>11222333000181</CNPJ><xNome>Expresso Araucária Ltda</xNome></emit>
+<vPrest><vTPrest>350.00</vTPrest><vRec>340.00</vRec>
+<Comp><xNome>Peso</xNome><vComp>300.00</vComp></Comp>
+<Comp><xNome>Pedágio</xNome><vComp>45.50</vComp></Comp></vPrest>
+<imp><ICMS><ICMS00><CST>00</CST><vBC>350.00</vBC><pICMS>12.00</pICMS><vICMS>42.00</vICMS></ICMS00></ICMS>
+<ICMSUFFim><vICMSUFFim>3.50</vICMSUFFim><vICMSUFIni>1.25</vICMSUFIni></ICMSUFFim></imp>
+<infCTeNorm><infDoc>
+<infNFe><chave>35260344555666000172550020000091541000091545</chave></infNFe>
+<infNF><mod>01</mod><serie>3</serie><nDoc>12345678901234567890</nDoc><dEmi>2026-03-05</dEmi>
+<vProd>900.00</vProd><vNF>950.00</vNF><nPeso>12.500</nPeso></infNF>
+<infOutros><nDoc>77</nDoc><dEmi>2026-03-06</dEmi><vDocFisc>10.00</vDocFisc></infOutros>
+</infDoc>
+<cobr><fat><vDesc>10.00</vDesc><vLiq>340.00</vLiq></fat>
+<dup><nDup>001</nDup><dVenc>2026-04-08</dVenc><vDup>340.00</vDup></dup></cobr>
+<infCteSub><chCte>41260111222333000181570010000041001000041002</chCte></infCteSub>
+</infCTeNorm></infCte></CTe></cteProc>)";
+
+const std::string kSimplificado =
+    R"(<CTeSimp><infCte Id="CTe41260311222333000181570010000042171000042173">
+<ide><mod>57</mod><serie>1</serie><nCT>4217</nCT><dhEmi>2026-03-09T08:00:00-03:00</dhEmi></ide>
+<emit><xNome>Expresso</xNome></emit>
+<det><Comp><vComp>1.00</vComp></Comp><infNFe><chNFe>35260344555666000172550020000091541000091545</chNFe></infNFe></det>
+<det><Comp><vComp>2.00</vComp></Comp><infNFe><chNFe>35260344555666000172550020000091551000091550</chNFe></infNFe></det>
+<cobr><dup><nDup>1</nDup><dVenc>2026-04-08</dVenc><vDup>3.00</vDup></dup></cobr>
+<imp><ICMS><ICMS60><vBCSTRet>3.00</vBCSTRet><vICMSSTRet>0.36</vICMSSTRet></ICMS60></ICMS></imp>
+<total><vTPrest>3.00</vTPrest><vTRec>2.50</vTRec></total></infCte></CTeSimp>)";
+
+bool Contem(const std::string& texto, const std::string& trecho) {
+  return texto.find(trecho) != std::string::npos;
+}
+
+}  // namespace
+
+TEST_F(FerramentaTeste, CamposDoConhecimento) {
+  const Execucao e = Executa({"importa", "--campos", "--filial", "7", "--transportadora", "9",
+                              "--tipo-cobranca", "4", "--comprador", "5", "-"},
+                             kNormal);
+  EXPECT_EQ(e.Status, 0) << e.Erros;
+  for (const char* linha :
+       {"(entrada padrão): conhecimento 4217, série 1, emitido em 09/03/2026",
+        "  emitente   Expresso Araucária Ltda",
+        "  cortado: NumeroNF: infCTeNorm/infDoc/infNF/nDoc tem 20 caracteres, couberam 15",
+        "    RegCTe: 41260311222333000181570010000042171000042173",
+        "    RegCTeReferencia: 41260111222333000181570010000041001000041002",
+        "    ValorConhecimentoTransporte: 350,00",
+        "    ValorConhecimentoTransporteLiquido: 340,00",
+        "    ValorTotalCTe: 350,00",
+        "    ValorDesconto: 10,00",
+        "    ValorBaseCalculoICMS: 350,00",
+        "    ValorICMS: 42,00",
+        "    AliquotaICMS: 1200",
+        "    ICMSUFDestinatario: 3,50",
+        "    ICMSUFRemetente: 1,25",
+        "    PonteiroFilial: 7",
+        "    PonteiroTransportadora: 9",
+        "    PonteiroTipoCobranca: 4",
+        "    Observacao: Coleta às 8h",
+        "    EstadoOrigem: PR",
+        "    EstadoDestino: SP",
+        "    ManterParcelasOriginaisCTe: 1",
+        "    Parcela 1 de 1",
+        "      DataHoraVencimento: 08/04/2026",
+        "      NumeroDocumento: 001",
+        "    NotaFiscal 1 de 3",
+        "      RegNFe: 35260344555666000172550020000091541000091545",
+        "      NumeroNF: 9154",
+        "      SerieNF: 2",
+        "    NotaFiscal 2 de 3",
+        "      NumeroNF: 123456789012345",
+        "      SerieNF: 3",
+        "      RegDataEmissao: 05/03/2026",
+        "      ValorMercadorias: 900,00",
+        "      ValorDocumentoFiscal: 950,00",
+        "      PesoBrutoTotal: 12,50",
+        "    NotaFiscal 3 de 3",
+        "      NumeroNF: 77",
+        "      ValorDocumentoFiscal: 10,00"}) {
+    EXPECT_TRUE(Contem("\n" + e.Saida, std::string("\n") + linha + "\n")) << linha << '\n'
+                                                                          << e.Saida;
+  }
+  EXPECT_TRUE(
+      std::regex_search(e.Saida, std::regex("vTPrest +345,50 ≠ +350,00  difere em -4,50\n")));
+  EXPECT_TRUE(std::regex_search(e.Saida, std::regex("vLiq +340,00 = +340,00\n")));
+  EXPECT_TRUE(Contem(e.Saida, "ida e volta: igual"));
+}
+
+TEST_F(FerramentaTeste, ConhecimentoSimplificado) {
+  const Execucao e = Executa({"importa", "--campos", "-"}, kSimplificado);
+  EXPECT_EQ(e.Status, 0) << e.Erros;
+  EXPECT_TRUE(Contem(e.Saida, "2 notas transportadas, 1 parcela\n"));
+  EXPECT_TRUE(std::regex_search(e.Saida, std::regex("vTPrest +3,00 = +3,00\n")));
+  for (const char* linha :
+       {"ValorConhecimentoTransporteLiquido: 2,50", "ValorBaseCalculoICMSSubstituicao: 3,00",
+        "ValorICMSSubtituicao: 0,36", "  RegNFe: 35260344555666000172550020000091551000091550"}) {
+    EXPECT_TRUE(Contem(e.Saida, std::string("    ") + linha + "\n")) << linha << '\n' << e.Saida;
+  }
+}
+
+TEST_F(FerramentaTeste, ErrosDoConhecimento) {
+  struct {
+    const char* Velho;
+    const char* Novo;
+    const char* Erro;
+  } const casos[] = {
+      {"<xNome>Expresso Araucária Ltda<", "<xNome><", "emit/xNome: elemento obrigatório ausente"},
+      {"<nCT>4217</nCT>", "", "ide/nCT: elemento obrigatório ausente"},
+      {"<vTPrest>350.00<", "<vTPrest><", "vPrest/vTPrest: elemento obrigatório ausente"},
+      {"<vBC>350.00<", "<vBC>350,00<", "imp/ICMS/ICMS00/vBC: não é um número: \"350,00\""},
+      {"<pICMS>12.00<", "<pICMS>700.00<", "imp/ICMS/ICMS00/pICMS: valor além do campo"},
+      {"<vProd>900.00<", "<vProd>x<", "infCTeNorm/infDoc/infNF/vProd: não é um número"},
+      {"<dVenc>2026-04-08<", "<dVenc>2026-04-31<",
+       "infCTeNorm/cobr/dup/dVenc: data que não existe"},
+      {"<chave>3", "<chave>4", "infCTeNorm/infDoc/infNFe/chave: O dígito verificador"},
+      {"Id=\"CTe4", "Id=\"CTe5", "infCte/@Id: O dígito verificador"},
+  };
+  for (const auto& caso : casos) {
+    const Execucao e = Executa({"importa", "-"}, Troca(kNormal, caso.Velho, caso.Novo));
+    EXPECT_EQ(e.Status, 1);
+    EXPECT_TRUE(Contem(e.Erros, std::string("(entrada padrão): ") + caso.Erro)) << e.Erros;
+    EXPECT_EQ(std::count(e.Erros.begin(), e.Erros.end(), '\n'), 1) << e.Erros;
+  }
+}
+
+TEST_F(FerramentaTeste, LoteDeConhecimentosENotas) {
+  const std::string nota = NotaDeExemplo("03_simples_cnpj_alfanumerico.xml");
+  const std::string lote = "<enviCTe><idLote>1</idLote>" + kNormal + kSimplificado +
+                           Troca(kNormal, "<vTPrest>", "<vTPrest>x") + "</enviCTe>";
+  const Execucao e = Executa({"importa", Escreve("lote.xml", lote), Escreve("nota.xml", nota)});
+  EXPECT_EQ(e.Status, 1);
+  EXPECT_TRUE(Contem(e.Saida, "lote.xml (conhecimento 1): conhecimento 4217"));
+  EXPECT_TRUE(Contem(e.Saida, "lote.xml (conhecimento 2): conhecimento 4217"));
+  EXPECT_TRUE(Contem(e.Erros, "lote.xml (conhecimento 3): vPrest/vTPrest: não é um número"));
+  EXPECT_TRUE(Contem(e.Saida, "nota.xml: nota 315"));
+}

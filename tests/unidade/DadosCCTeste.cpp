@@ -1,0 +1,184 @@
+// The purchase contract: its calculations, what travels, its texts and what equality sees.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "cc/DadosCC.h"
+#include "tests/apoio/RegistroAleatorio.h"
+
+namespace {
+
+using Contrato = CKXDadosCM_CCContrato;
+using Classificacao = CKXDadosCM_CCClassificacao;
+using Parcela = CKXDadosCM_CCParcela;
+using Escrito = apoio::RegistroEscrito<tagREG_CONTRATO_COMPRAPS>;
+
+Contrato IdaEVolta(const Contrato& contrato) {
+  Escrito escrito;
+  contrato.CopiarPara(&escrito.Reg);
+  Contrato volta;
+  volta.CopiarDe(&escrito.Reg);
+  return volta;
+}
+
+// A percentage, a value and the two calculations between them, of either class.
+struct Par {
+  const char* Nome;
+  CY Percentual;
+  CY Valor;
+  CY Resultado;
+};
+
+template <class Classe>
+struct Calculo {
+  const char* Nome;
+  CY& (Classe::*Percentual)();
+  CY& (Classe::*Valor)();
+  CKXCurrencyEx (Classe::*CalculaPercentual)(CKXCurrencyEx);
+  CKXCurrencyEx (Classe::*CalculaValor)(CKXCurrencyEx);
+};
+
+template <class Classe>
+Par Executa(const Calculo<Classe>& calculo, char qual, CY percentual, CY valor, CY total) {
+  Classe objeto;
+  (objeto.*calculo.Percentual)() = percentual;
+  (objeto.*calculo.Valor)() = valor;
+  const CY resultado = qual == 'P' ? (objeto.*calculo.CalculaPercentual)(total)
+                                   : (objeto.*calculo.CalculaValor)(total);
+  return {calculo.Nome, (objeto.*calculo.Percentual)(), (objeto.*calculo.Valor)(), resultado};
+}
+
+const Calculo<Classificacao> kRateio = {
+    "Rateio", &Classificacao::GetPercRateio, &Classificacao::GetValorRateio,
+    &Classificacao::CalculaPercentual, &Classificacao::CalculaValor};
+
+const Calculo<Parcela> kDaParcela[] = {
+    {"Descontos", &Parcela::GetPercentualDescontos, &Parcela::GetValorDescontos,
+     &Parcela::CalculaPercentualDescontos, &Parcela::CalculaValorDescontos},
+    {"Juros", &Parcela::GetPercentualJuros, &Parcela::GetValorJuros,
+     &Parcela::CalculaPercentualJuros, &Parcela::CalculaValorJuros},
+    {"Multas", &Parcela::GetPercentualMultas, &Parcela::GetValorMultas,
+     &Parcela::CalculaPercentualMultas, &Parcela::CalculaValorMultas},
+};
+
+// Each of the four pairs, calculated in the direction given: 'P' percentage, 'V' value.
+std::vector<Par> Executa(char qual, CY percentual, CY valor, CY total) {
+  std::vector<Par> pares = {Executa(kRateio, qual, percentual, valor, total)};
+  for (const auto& calculo : kDaParcela) {
+    pares.push_back(Executa(calculo, qual, percentual, valor, total));
+  }
+  return pares;
+}
+
+constexpr CY kAntes{-77};
+
+// tests/dados/gera_vetores_dinheiro.py says what the lines are.
+TEST(ContratoCalculos, ConferemComVetoresIndependentes) {
+  std::ifstream arquivo(KX_RAIZ "/tests/dados/vetores_dinheiro.txt");
+  char operacao = 0;
+  CY a{};
+  CY b{};
+  CY esperado{};
+  int linhas = 0;
+  for (; arquivo >> operacao >> a.int64 >> b.int64 >> esperado.int64; ++linhas) {
+    SCOPED_TRACE(testing::Message() << operacao << ' ' << a.int64 << ' ' << b.int64);
+    if (operacao == '*' || operacao == '/') {
+      const CKXCurrencyEx x = a;
+      EXPECT_EQ(CY(operacao == '*' ? x * b : x / b).int64, esperado.int64);
+      continue;
+    }
+    const bool percentual = operacao == 'P';
+    const CY fica = a.int64 == 0 ? kAntes : esperado;
+    for (const Par& par : Executa(operacao, percentual ? kAntes : a, percentual ? a : kAntes, b)) {
+      EXPECT_EQ(par.Resultado.int64, esperado.int64) << par.Nome;
+      EXPECT_EQ((percentual ? par.Percentual : par.Valor).int64, fica.int64) << par.Nome;
+      EXPECT_EQ((percentual ? par.Valor : par.Percentual).int64, a.int64) << par.Nome;
+    }
+  }
+  EXPECT_TRUE(arquivo.eof());
+  EXPECT_GT(linhas, 2000);
+}
+
+TEST(ContratoCalculos, ExemplosDeMesa) {
+  Classificacao rateio;
+  rateio.SetPercRateio(CY{250000});
+  EXPECT_EQ(rateio.CalculaValor(CKXCurrencyEx::DeInteiro(1000)), CY{2500000});
+  EXPECT_EQ(rateio.GetValorRateio(), CY{2500000});
+  rateio.SetPercRateio(CY{0});
+  EXPECT_EQ(rateio.CalculaValor(CKXCurrencyEx::DeInteiro(2000)), CY{0});
+  EXPECT_EQ(rateio.GetValorRateio(), CY{2500000});
+
+  Parcela parcela;
+  parcela.SetValorJuros(CY{10000}).SetPercentualJuros(CY{5});
+  EXPECT_EQ(parcela.CalculaPercentualJuros(CKXCurrencyEx()), CY{0});
+  EXPECT_EQ(parcela.GetPercentualJuros(), CY{0});
+  // A third: 33.3333 percent of 300.00 is 99.9999, not 100.00.
+  parcela.SetValorMultas(CY{1000000});
+  parcela.CalculaPercentualMultas(CKXCurrencyEx::DeInteiro(300));
+  EXPECT_EQ(parcela.GetPercentualMultas(), CY{333333});
+  EXPECT_EQ(parcela.CalculaValorMultas(CKXCurrencyEx::DeInteiro(300)), CY{999999});
+}
+
+TEST(Contrato, ValoresDerivadosNaoViajamEORestoSim) {
+  const apoio::RegistroAleatorio<tagREG_CONTRATO_COMPRAPS> aleatorio(17);
+  Contrato contrato;
+  contrato.CopiarDe(&aleatorio.Reg);
+  contrato.AdicionaClassificacao(Classificacao().SetValorRateio(CY{1}));
+  contrato.AdicionaParcela(Parcela().SetValorJuros(CY{2}));
+  contrato.GetVinculo().SetTipo(3);
+  EXPECT_TRUE(Contrato(contrato) == contrato);
+  const Contrato volta = IdaEVolta(contrato);
+  EXPECT_FALSE(volta == contrato);
+  for (auto& rateio : contrato.GetListaClassificacao()) rateio.SetValorRateio(CY{0});
+  for (auto& parcela : contrato.GetListaParcela()) parcela.SetValorJuros(CY{0});
+  EXPECT_FALSE(volta == contrato);
+  contrato.SetVinculo(CIEVinculo());
+  EXPECT_TRUE(volta == contrato);
+}
+
+TEST(Contrato, TextosSaoPonteirosNulosQuandoVazios) {
+  const std::string longo(70000, 'x');
+  Escrito escrito;
+  Contrato().SetObservacao(CString(std::string_view(longo))).CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.TextoObservacao, longo);
+  EXPECT_EQ(escrito.Reg.TextoDescricaoContrato, nullptr);
+
+  tagREG_CONTRATO_COMPRAPS recebido{};
+  char vazio[] = "";
+  char escritoALapis[] = "obra\0resto";
+  recebido.TextoObservacao = vazio;
+  recebido.TextoDescricaoContrato = escritoALapis;
+  Contrato contrato;
+  contrato.CopiarDe(&recebido);
+  EXPECT_TRUE(contrato.GetObservacao().IsEmpty());
+  EXPECT_EQ(contrato.GetDescricaoContrato().Vista(), "obra");
+  EXPECT_EQ(contrato.GetReg().TextoDescricaoContrato, nullptr);
+}
+
+TEST(Contrato, DescricoesDeAditivoEEtapaViajam) {
+  Contrato contrato;
+  contrato.AdicionaAditivo(CKXDadosCM_CCAditivo().SetDescricao("prazo maior"));
+  contrato.AdicionaExecucao(CKXDadosCM_CCExecucao().SetDescricao("alvenaria"));
+  Escrito escrito;
+  contrato.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.ListaAditivo[0].TamanhoDescricao, 12);
+  EXPECT_STREQ(escrito.Reg.ListaAditivo[0].TextoDescricao, "prazo maior");
+  EXPECT_EQ(escrito.Reg.ListaExecucao[0].TamanhoDescricao, 10);
+  EXPECT_STREQ(escrito.Reg.ListaExecucao[0].TextoDescricao, "alvenaria");
+}
+
+TEST(Contrato, MarcasDeAuditoriaNaoContam) {
+  const Contrato a;
+  Contrato b;
+  b.SetRegDataHoraAlteracao({{1, 2, 2026}, {3, 4, 5, 0}}).SetPonteiroUsuarioAlteracao(1);
+  b.SetPonteiroUsuarioInclusao(2).SetExcluido(1).SetEmailVencimentoEnviado(1);
+  EXPECT_TRUE(a == b);
+  EXPECT_FALSE(a == Contrato().SetRegistroGravadoSemIntegracao(1));
+  EXPECT_FALSE(a == Contrato().SetObservacao("x"));
+  EXPECT_FALSE(Classificacao() == Classificacao().SetValorRateio(CY{1}));
+  EXPECT_FALSE(Parcela() == Parcela().SetValorJuros(CY{1}));
+}
+
+}  // namespace

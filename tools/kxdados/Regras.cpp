@@ -1,0 +1,74 @@
+#include "Regras.h"
+
+#include <utility>
+
+#include "Latin1.h"
+#include "kxldados/ChaveNFe.h"
+
+namespace kxdados {
+
+namespace {
+
+using No = pugi::xml_node;
+using Parcela = CKXDadosCM_Parcela;
+
+constexpr RegraTexto<Parcela> kParcela[] = {
+    {"nDup", "NumeroDocumento", &Parcela::SetNumeroDocumento, &Parcela::GetNumeroDocumento},
+};
+
+// Places are told of wrong keys alone: a document may hold thousands.
+_KX_NFE_ps LeChave(const std::string& texto, auto lugar, Documento& documento) {
+  _KX_NFE_ps chave{};
+  const kx::ErroChave erro = kx::ChaveDeTexto(texto, chave);
+  if (erro != kx::ErroChave::Nenhum) {
+    documento.Chaves.emplace_back(lugar(), UTF8DeLatin1(kx::MensagemErroChave(erro)));
+  }
+  return chave;
+}
+
+}  // namespace
+
+void AvisaCorte(Documento& documento, No pai, const char* elemento, const char* campo,
+                int caracteres, int couberam) {
+  documento.Avisos.push_back("cortado: " + std::string(campo) + ": " + Caminho(pai, elemento) +
+                             " tem " + std::to_string(caracteres) + " caracteres, couberam " +
+                             std::to_string(couberam));
+}
+
+_KX_NFE_ps LeChave(No no, Documento& documento) {
+  return LeChave(
+      Valor(no), [no] { return Caminho(no); }, documento);
+}
+
+_KX_NFE_ps LeChavePropria(No inf, const char* prefixo, const char* protocolo,
+                          Documento& documento) {
+  std::string texto = inf.attribute("Id").value();
+  const No doProtocolo = Desce(inf.parent().parent(), protocolo);
+  if (texto.empty() && doProtocolo) return LeChave(doProtocolo, documento);
+  const std::string_view inicio(prefixo);
+  if (texto.starts_with(inicio)) texto.erase(0, inicio.size());
+  return LeChave(
+      texto, [inf] { return std::string(NomeLocal(inf)) + "/@Id"; }, documento);
+}
+
+CString TextoDeNumero(int valor) {
+  CString texto;
+  texto.Format("%d", valor);
+  return texto;
+}
+
+void ImportaEmitente(No inf, Documento& documento) {
+  documento.Emitente = UTF8DeLatin1(TextoExigido(Exige(inf, "emit"), "xNome").Vista());
+}
+
+void ImportaParcelas(No cobr, CKXDadosCM_CondicaoPagamento& condicao, Documento& documento) {
+  for (const No dup : Filhos(cobr, "dup")) {
+    Parcela parcela;
+    parcela.SetRegDataVencimento(Data(dup, "dVenc")).SetValor(DinheiroExigido(dup, "vDup"));
+    Aplica(kParcela, dup, parcela, documento);
+    condicao.AdicionaParcela(std::move(parcela));
+  }
+  ExigeQueCaiba(condicao.GetListaParcela(), "cobr/dup");
+}
+
+}  // namespace kxdados
