@@ -120,8 +120,6 @@ TEST(FalhasArvore, MontaECopia) {
   const tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{4, {}, regras};
   Arvore inteira;
   inteira.CopiarDe(&lista);
-  Arvore arvore;
-  arvore = inteira;
   FalhaEmCadaAlocacao(
       [&] {
         Arvore outra;
@@ -129,9 +127,18 @@ TEST(FalhasArvore, MontaECopia) {
         EXPECT_TRUE(outra == inteira);
       },
       [] {});
-  // A copy that fails leaves the node as it was.
-  FalhaEmCadaAlocacao([&] { Arvore(arvore) = inteira; },
-                      [&] { EXPECT_EQ(arvore.GetQuantidadeNodes(), 1); });
+  FalhaEmCadaAlocacao(
+      [&] {
+        Arvore copia(tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS{9, 0});
+        try {
+          copia = inteira;
+        } catch (const std::bad_alloc&) {  // it is as it was
+          EXPECT_EQ(copia.GetrACSmall().ChaveEste, 9U);
+          EXPECT_EQ(copia.GetQuantidadeNodes(), 0);
+          throw;
+        }
+      },
+      [] {});
 }
 
 TEST(Alocacoes, EntradaVaziaNaoAloca) {
