@@ -1,5 +1,6 @@
 #include "ac/Hierarquia.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -73,48 +74,72 @@ void Ordena(std::vector<Entrada>& entradas) {
   }
 }
 
-// Where the records of a key and those that name it as their parent are.
+// The records by their key and by that of the level above. A record's number is one more than its
+// place in PorChave.
 struct Indice {
   explicit Indice(const Chaves& chaves);
 
+  bool ChavesRepetidas() const;
+  // Calls visita(i, pai) for each record with a parent, from the last to the first: i is its place
+  // in PorNivelAnterior; pai, the number of the last record with that key, or 0 at the top.
+  template <class Visita>
+  void ParaCadaFilho(Visita visita) const;
+
   std::vector<Entrada> PorChave;
-  std::vector<Entrada> PorNivelAnterior;  // without the records of the top
-  // By record: the first record with its parent key; itself when there is none, as it then hangs
-  // nowhere.
-  std::vector<std::uint32_t> Pai;
-  bool ChavesRepetidas = false;
+  std::vector<Entrada> PorNivelAnterior;
+  std::vector<std::uint32_t> Numero;  // by position
 };
 
-Indice::Indice(const Chaves& chaves) : Pai(chaves.size()) {
+Indice::Indice(const Chaves& chaves) : Numero(chaves.size()) {
   PorChave.reserve(chaves.size());
   PorNivelAnterior.reserve(chaves.size());
   for (std::uint32_t i = 0; i < chaves.size(); ++i) {
     PorChave.push_back({chaves[i].ChaveEste, i});
-    Pai[i] = i;
-    if (chaves[i].ChaveNivelAnterior != 0) {
-      PorNivelAnterior.push_back({chaves[i].ChaveNivelAnterior, i});
-    }
+    PorNivelAnterior.push_back({chaves[i].ChaveNivelAnterior, i});
   }
   Ordena(PorChave);
   Ordena(PorNivelAnterior);
-  auto pai = PorChave.begin();
-  for (const Entrada& filho : PorNivelAnterior) {
-    while (pai != PorChave.end() && pai->Chave < filho.Chave) ++pai;
-    if (pai == PorChave.end()) break;
-    if (pai->Chave == filho.Chave) Pai[filho.Posicao] = pai->Posicao;
+  for (std::uint32_t i = 0; i < PorChave.size(); ++i) Numero[PorChave[i].Posicao] = i + 1;
+}
+
+bool Indice::ChavesRepetidas() const {
+  const auto mesma = [](const Entrada& a, const Entrada& b) { return a.Chave == b.Chave; };
+  return std::adjacent_find(PorChave.begin(), PorChave.end(), mesma) != PorChave.end();
+}
+
+template <class Visita>
+void Indice::ParaCadaFilho(Visita visita) const {
+  auto pai = static_cast<std::uint32_t>(PorChave.size());
+  for (auto i = static_cast<std::uint32_t>(PorNivelAnterior.size()); i-- > 0;) {
+    const std::uint32_t chave = PorNivelAnterior[i].Chave;
+    while (pai > 0 && PorChave[pai - 1].Chave > chave) --pai;
+    if (chave == 0) {
+      visita(i, 0);
+    } else if (pai > 0 && PorChave[pai - 1].Chave == chave) {
+      visita(i, pai);
+    }
   }
-  for (std::size_t i = 1; i < PorChave.size() && !ChavesRepetidas; ++i) {
-    ChavesRepetidas = PorChave[i].Chave == PorChave[i - 1].Chave;
-  }
+}
+
+Hierarquia SemLigacoes(const Indice& indice) {
+  const std::size_t quantos = indice.PorChave.size() + 1;
+  Hierarquia h{std::vector<std::uint32_t>(quantos), std::vector<std::uint32_t>(quantos),
+               std::vector<std::uint32_t>(quantos)};
+  for (std::size_t i = 1; i < quantos; ++i) h.Posicao[i] = indice.PorChave[i - 1].Posicao;
+  return h;
+}
+
+void LigaNaFrente(Hierarquia& h, std::uint32_t filho, std::uint32_t pai) {
+  h.ProximoIrmao[filho] = std::exchange(h.PrimeiroFilho[pai], filho);
 }
 
 // When no two records share a key: all children of a record can be attached from the moment it is,
 // so they stand in source order, and nothing depends on when.
-Hierarquia LigaTodos(const Chaves& chaves, const Indice& indice) {
-  Hierarquia h(chaves.size());
-  for (auto i = static_cast<std::uint32_t>(chaves.size()); i-- > 0;) {
-    h.Liga(i + 1, chaves[i].ChaveNivelAnterior == 0 ? 0 : indice.Pai[i] + 1);
-  }
+Hierarquia LigaTodos(const Indice& indice) {
+  Hierarquia h = SemLigacoes(indice);
+  indice.ParaCadaFilho([&](std::uint32_t i, std::uint32_t pai) {
+    LigaNaFrente(h, indice.Numero[indice.PorNivelAnterior[i].Posicao], pai);
+  });
   return h;
 }
 
@@ -122,7 +147,11 @@ Hierarquia LigaTodos(const Chaves& chaves, const Indice& indice) {
 class Montagem {
  public:
   Montagem(const Chaves& chaves, const Indice& indice)
-      : _chaves(chaves), _indice(indice), _grupos(chaves.size()), _prontos(chaves.size()) {
+      : _chaves(chaves),
+        _indice(indice),
+        _registros(chaves.size()),
+        _grupos(chaves.size() + 1),
+        _prontos(chaves.size()) {
     _nodes.reserve(chaves.size() + 1);
     _nodes.emplace_back();
     Agrupa();
@@ -134,24 +163,28 @@ class Montagem {
     }
     while (!_prontos.Vazia()) {
       const std::uint32_t registro = _prontos.Tira();
-      const Grupo& pais = _grupos[_indice.Pai[registro]];
+      const Grupo& pais = _grupos[_registros[registro].GrupoDoPai];
       Liga(registro, pais.Alvo, !pais.NoIndice);
     }
-    Hierarquia h(_chaves.size());
-    for (std::size_t i = _nodes.size() - 1; i > 0; --i) {
-      const std::uint32_t pai = _nodes[i].Pai;
-      h.Liga(_nodes[i].Registro + 1, pai == 0 ? 0 : _nodes[pai].Registro + 1);
-    }
-    return h;
+    return Resultado();
   }
 
  private:
-  // The records of one key are a group, named by the first of them, which keeps what concerns all.
+  // The records of one key are a group, which has the number of the last of them.
+  struct Registro {
+    std::uint32_t Grupo;
+    std::uint32_t GrupoDoPai;  // 0 when its parent key is no record's
+  };
+
   struct Grupo {
-    std::uint32_t Primeiro;  // of every record: the first of its group
-    std::uint32_t Alvo;      // node that takes the next child; 0 = no node yet
-    std::uint32_t Espera;    // where the records that name the key begin in PorNivelAnterior
+    std::uint32_t Alvo;    // node that takes the next child; 0 = no node yet
+    std::uint32_t Espera;  // where the records that name the key begin in PorNivelAnterior
     bool NoIndice;
+  };
+
+  struct Node {
+    std::uint32_t Registro;
+    std::uint32_t Pai;
   };
 
   // The way up from a node: its depth, and an ancestor so far up that any other is few leaps away.
@@ -160,30 +193,23 @@ class Montagem {
     std::uint32_t Salto;
   };
 
-  struct Node {
-    std::uint32_t Registro;
-    std::uint32_t Pai;
-  };
-
   void Agrupa() {
     const auto& porChave = _indice.PorChave;
-    const auto& espera = _indice.PorNivelAnterior;
-    std::uint32_t primeiro = 0;
-    for (std::size_t i = 0; i < porChave.size(); ++i) {
-      if (i == 0 || porChave[i].Chave != porChave[i - 1].Chave) primeiro = porChave[i].Posicao;
-      _grupos[porChave[i].Posicao].Primeiro = primeiro;
-      _grupos[porChave[i].Posicao].Espera = static_cast<std::uint32_t>(espera.size());
+    std::uint32_t grupo = 0;
+    for (auto i = static_cast<std::uint32_t>(porChave.size()); i-- > 0;) {
+      if (i + 1 == porChave.size() || porChave[i].Chave != porChave[i + 1].Chave) grupo = i + 1;
+      _registros[porChave[i].Posicao].Grupo = grupo;
     }
-    for (auto i = static_cast<std::uint32_t>(espera.size()); i-- > 0;) {
-      const std::uint32_t pai = _indice.Pai[espera[i].Posicao];
-      if (_chaves[pai].ChaveEste == espera[i].Chave) _grupos[pai].Espera = i;
-    }
+    _indice.ParaCadaFilho([this](std::uint32_t i, std::uint32_t pai) {
+      _registros[_indice.PorNivelAnterior[i].Posicao].GrupoDoPai = pai;
+      _grupos[pai].Espera = i;
+    });
   }
 
   void Liga(std::uint32_t registro, std::uint32_t pai, bool entraNoIndice) {
     const auto node = static_cast<std::uint32_t>(_nodes.size());
     _nodes.push_back({registro, pai});
-    Grupo& grupo = _grupos[_grupos[registro].Primeiro];
+    Grupo& grupo = _grupos[_registros[registro].Grupo];
     if (grupo.Alvo == 0) Acorda(grupo.Espera, _chaves[registro].ChaveEste);
     if (entraNoIndice) {
       grupo.Alvo = node;
@@ -193,10 +219,10 @@ class Montagem {
     }
   }
 
-  // The records that name the key can be attached from now on.
+  // The records that name the key can be attached from now on; key 0 is named by none.
   void Acorda(std::uint32_t desde, std::uint32_t chave) {
     const auto& espera = _indice.PorNivelAnterior;
-    for (auto i = desde; i < espera.size() && espera[i].Chave == chave; ++i) {
+    for (auto i = desde; chave != 0 && i < espera.size() && espera[i].Chave == chave; ++i) {
       _prontos.Poe(espera[i].Posicao);
     }
   }
@@ -238,19 +264,30 @@ class Montagem {
     return a < b;
   }
 
+  Hierarquia Resultado() const {
+    Hierarquia h = SemLigacoes(_indice);
+    for (std::size_t i = _nodes.size() - 1; i > 0; --i) {
+      const std::uint32_t pai = _nodes[i].Pai;
+      LigaNaFrente(h, _indice.Numero[_nodes[i].Registro],
+                   pai == 0 ? 0 : _indice.Numero[_nodes[pai].Registro]);
+    }
+    return h;
+  }
+
   const Chaves& _chaves;
   const Indice& _indice;
-  std::vector<Grupo> _grupos;    // by record
+  std::vector<Registro> _registros;  // by position
+  std::vector<Grupo> _grupos;
   std::vector<Node> _nodes;      // in the order in which they are attached; 0 is the root
   std::vector<Subida> _subidas;  // by node
-  FilaOrdenada _prontos;         // records that can be attached, by source order
+  FilaOrdenada _prontos;         // records that can be attached, by position
 };
 
 }  // namespace
 
 Hierarquia MontaHierarquia(const Chaves& chaves) {
   const Indice indice(chaves);
-  return indice.ChavesRepetidas ? Montagem(chaves, indice).Monta() : LigaTodos(chaves, indice);
+  return indice.ChavesRepetidas() ? Montagem(chaves, indice).Monta() : LigaTodos(indice);
 }
 
 }  // namespace kx

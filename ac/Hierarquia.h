@@ -1,27 +1,19 @@
 // Which rule hangs below which: the hierarchy as plain numbers, before any node exists.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 #include "ac/RegistrosAC.h"
 
 namespace kx {
 
-// The links between records, each by its number, one more than its position in the source; 0 is the
-// root and, as a link, none. Records that are left out may be linked among themselves: the root
-// does not reach them.
+// The links between records. Records are numbered from 1 by key, those of one key in source order:
+// related rules tend to have keys that are near each other, so walking down the links stays in the
+// same memory, whatever the order of the source. 0 is the root and, as a link, none. Records that
+// are left out may be linked among themselves: the root does not reach them.
 struct Hierarquia {
-  explicit Hierarquia(std::size_t registros)
-      : PrimeiroFilho(registros + 1), ProximoIrmao(registros + 1) {}
-
-  // Makes the record the first child of its parent.
-  void Liga(std::uint32_t registro, std::uint32_t pai) {
-    ProximoIrmao[registro] = std::exchange(PrimeiroFilho[pai], registro);
-  }
-
+  std::vector<std::uint32_t> Posicao;  // in the source; none for the root
   std::vector<std::uint32_t> PrimeiroFilho;
   std::vector<std::uint32_t> ProximoIrmao;
 };

@@ -73,14 +73,14 @@ class CList {
   void RemoveAll() noexcept {
     while (_primeiro != nullptr) RemoveAt(_primeiro);
   }
-  // Moves every element of another list to the end of this one; their positions and addresses stay
-  // valid. Takes the same time whatever the sizes.
-  void Emenda(CList& outra) noexcept {
+  // Moves every element of another list to the head of this one, in their order; positions and
+  // addresses stay valid. Takes the same time whatever the sizes.
+  void Antepoe(CList& outra) noexcept {
     if (outra.IsEmpty()) return;
-    outra._primeiro->Anterior = _ultimo;
-    (_ultimo != nullptr ? _ultimo->Proximo : _primeiro) = outra._primeiro;
-    _ultimo = std::exchange(outra._ultimo, nullptr);
-    outra._primeiro = nullptr;
+    outra._ultimo->Proximo = _primeiro;
+    (_primeiro != nullptr ? _primeiro->Anterior : _ultimo) = outra._ultimo;
+    _primeiro = std::exchange(outra._primeiro, nullptr);
+    outra._ultimo = nullptr;
     _quantidade += std::exchange(outra._quantidade, 0);
   }
 
