@@ -4,6 +4,7 @@
 
 #include "ac/Hierarquia.h"
 #include "core/Motor.h"
+#include "platform/Plataforma.h"
 
 KX_IMPLEMENTA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra, TKXCMBaseParaDados)
 
@@ -12,18 +13,6 @@ namespace {
 constexpr const char* kFonte = "DadosAC";
 
 using Chaves = std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>;
-
-// The keys of the rules, up to the first that cannot be read.
-Chaves ChavesDasRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras, std::size_t quantas) {
-  Chaves chaves;
-  chaves.reserve(quantas);
-  for (std::size_t i = 0; i < quantas; ++i) {
-    tagREG_CM_AUTORIZACAO_CMSAUTPS regra;
-    if (kx::CopiaBloco(&regra, &regras[i], sizeof(regra), kFonte, __LINE__) == nullptr) break;
-    chaves.push_back({regra.ChaveEste, regra.ChaveNivelAnterior});
-  }
-  return chaves;
-}
 
 }  // namespace
 
@@ -167,8 +156,7 @@ CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe
   Chaves chaves;
   chaves.reserve(static_cast<std::size_t>(lista.GetCount()));
   for (POSITION p = lista.GetHeadPosition(); p != nullptr;) chaves.push_back(lista.GetNext(p));
-  Monta(
-      chaves, [&chaves](std::uint32_t i) -> const auto& { return chaves[i]; });
+  Monta(chaves, chaves.data());
   return *this;
 }
 
@@ -181,40 +169,59 @@ CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe
       copia.ListaAC == nullptr || copia.QtdAC <= 0) {
     return *this;
   }
-  const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras = copia.ListaAC;
-  Monta(ChavesDasRegras(regras, static_cast<std::size_t>(copia.QtdAC)),
-        [regras](std::uint32_t i) { return &regras[i]; });
+  std::vector<RegraLida> regras = LeRegras(copia.ListaAC, static_cast<std::size_t>(copia.QtdAC));
+  Chaves chaves;
+  chaves.reserve(regras.size());
+  for (const RegraLida& regra : regras) chaves.push_back(regra.Small);
+  Monta(chaves, regras.data());
   return *this;
 }
 
-// The nodes are made in pre-order, the order in which they will be walked. `fonte` gives what the
-// node of a record is made from.
-template <class Fonte>
-void CKXDadosCM_ACTreeAutorizacaoCompra::Monta(const Chaves& chaves, Fonte fonte) {
-  struct Adiante {
-    std::uint32_t Numero;
-    Node* Pai;
-  };
-  const kx::Hierarquia hierarquia = kx::MontaHierarquia(chaves);
-  std::vector<Adiante> pilha;
-  std::uint32_t numero = hierarquia.PrimeiroFilho[0];
+// The rules up to the first that cannot be read, each read once, in source order.
+std::vector<CKXDadosCM_ACTreeAutorizacaoCompra::RegraLida>
+CKXDadosCM_ACTreeAutorizacaoCompra::LeRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras,
+                                             std::size_t quantas) {
+  std::vector<RegraLida> lidas;
+  lidas.reserve(quantas);
+  for (std::size_t i = 0; i < quantas; ++i) {
+    tagREG_CM_AUTORIZACAO_CMSAUTPS regra;
+    if (kx::CopiaBloco(&regra, &regras[i], sizeof(regra), kFonte, __LINE__) == nullptr) break;
+    lidas.push_back({{regra.ChaveEste, regra.ChaveNivelAnterior}, {}});
+    lidas.back().AC.emplace_back().CopiarDe(&regra);
+  }
+  return lidas;
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::Toma(const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves) {
+  _rACSmall = chaves;
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::Toma(RegraLida& regra) {
+  _rACSmall = regra.Small;
+  _ListaAC = std::move(regra.AC);
+}
+
+// The nodes are made in pre-order, the order in which they will be walked. What they take may be
+// anywhere in the source, so it is asked for in advance.
+template <class R>
+void CKXDadosCM_ACTreeAutorizacaoCompra::Monta(const Chaves& chaves, R* registros) {
+  constexpr std::size_t kAdiante = 12;
+  const std::vector<kx::Lugar> lugares = kx::MontaHierarquia(chaves);
+  std::vector<Node*> acima;  // parents that a later child goes to
   Node* pai = this;
-  while (numero != 0) {
-    Node& novo = pai->_ExNodes.EmplaceTail(fonte(hierarquia.Posicao[numero]));
-    const std::uint32_t filho = hierarquia.PrimeiroFilho[numero];
-    const std::uint32_t irmao = hierarquia.ProximoIrmao[numero];
-    if (filho != 0) {
-      if (irmao != 0) pilha.push_back({irmao, pai});
-      numero = filho;
+  for (std::size_t i = 0; i < lugares.size(); ++i) {
+    if (i + kAdiante < lugares.size()) {
+      kx::plataforma::Antecipa(&registros[lugares[i + kAdiante].Posicao]);
+    }
+    const kx::Lugar& lugar = lugares[i];
+    Node& novo = pai->_ExNodes.EmplaceTail();
+    novo.Toma(registros[lugar.Posicao]);
+    if (lugar.TemFilhos) {
+      if (lugar.TemIrmao) acima.push_back(pai);
       pai = &novo;
-    } else if (irmao != 0) {
-      numero = irmao;
-    } else if (!pilha.empty()) {
-      numero = pilha.back().Numero;
-      pai = pilha.back().Pai;
-      pilha.pop_back();
-    } else {
-      numero = 0;
+    } else if (!lugar.TemIrmao && !acima.empty()) {
+      pai = acima.back();
+      acima.pop_back();
     }
   }
 }

@@ -120,8 +120,19 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
 
   template <class N, class Visita>
   static void Percorre(N& raiz, unsigned long chave, Visita visita);
-  template <class Fonte>
-  void Monta(const std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>& chaves, Fonte fonte);
+  // A rule that was read, before its node exists.
+  struct RegraLida {
+    tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS Small;
+    CKXVector<CKXDadosCM_ACAutorizacaoCompra> AC;
+  };
+
+  static std::vector<RegraLida> LeRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras,
+                                         std::size_t quantas);
+  template <class R>
+  KX_LOCAL void Monta(const std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>& chaves,
+                      R* registros);
+  void Toma(const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves);
+  void Toma(RegraLida& regra);
   Node* Anexa(Node&& novo);
   static void AdicionaChaveTodosNosFilhos(unsigned long chave, const Node& node,
                                           CArray<unsigned long>& chaves);

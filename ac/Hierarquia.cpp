@@ -4,7 +4,10 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <numeric>
 #include <utility>
+
+#include "platform/Plataforma.h"
 
 namespace kx {
 namespace {
@@ -55,130 +58,187 @@ class FilaOrdenada {
   std::vector<std::vector<std::uint64_t>> _niveis;
 };
 
+// How far ahead memory is asked for.
+constexpr std::size_t kAdiante = 24;
+
 struct Entrada {
   std::uint32_t Chave;
   std::uint32_t Posicao;
 };
 
-// Sorts by key, entries of one key staying in their order: one counting pass a byte.
+// Sorts by key, entries of one key staying in their order: a counting pass for every eleven bits in
+// use. Where an entry goes is asked for in advance, which takes a third off a large sort.
 void Ordena(std::vector<Entrada>& entradas) {
+  constexpr unsigned kBits = 11;
+  constexpr std::uint32_t kMascara = (1U << kBits) - 1;
   std::vector<Entrada> outras(entradas.size());
-  for (unsigned desloca = 0; desloca < 32; desloca += 8) {
-    const auto digito = [desloca](const Entrada& e) { return (e.Chave >> desloca) & 0xFFU; };
-    std::array<std::size_t, 257> inicio{};
+  for (unsigned desloca = 0; desloca < 32; desloca += kBits) {
+    const auto digito = [desloca](const Entrada& e) { return (e.Chave >> desloca) & kMascara; };
+    std::array<std::uint32_t, kMascara + 2> inicio{};
     for (const Entrada& e : entradas) ++inicio[digito(e) + 1];
-    if (!entradas.empty() && inicio[digito(entradas.front()) + 1] == entradas.size()) continue;
-    for (std::size_t i = 1; i < inicio.size(); ++i) inicio[i] += inicio[i - 1];
-    for (const Entrada& e : entradas) outras[inicio[digito(e)]++] = e;
+    std::partial_sum(inicio.begin(), inicio.end(), inicio.begin());
+    for (std::size_t i = 0; i < entradas.size(); ++i) {
+      if (i + kAdiante < entradas.size()) {
+        plataforma::Antecipa(&outras[inicio[digito(entradas[i + kAdiante])]]);
+      }
+      outras[inicio[digito(entradas[i])]++] = entradas[i];
+    }
     entradas.swap(outras);
   }
 }
 
-// The records by their key and by that of the level above. A record's number is one more than its
-// place in PorChave.
-struct Indice {
-  explicit Indice(const Chaves& chaves);
+template <class Campo>
+std::vector<Entrada> Ordenadas(const Chaves& chaves, Campo campo) {
+  std::vector<Entrada> entradas;
+  entradas.reserve(chaves.size());
+  for (std::uint32_t i = 0; i < chaves.size(); ++i) entradas.push_back({campo(chaves[i]), i});
+  Ordena(entradas);
+  return entradas;
+}
 
-  bool ChavesRepetidas() const;
-  // Calls visita(i, pai) for each record with a parent, from the last to the first: i is its place
-  // in PorNivelAnterior; pai, the number of the last record with that key, or 0 at the top.
-  template <class Visita>
-  void ParaCadaFilho(Visita visita) const;
+// The same records with their keys renumbered from 1, in the order of the keys. Key 0 stays; the
+// parent keys that are no record's become one that is none either.
+Chaves Renumeradas(const Chaves& chaves) {
+  Chaves densas(chaves.size());
+  const auto porChave = Ordenadas(chaves, [](const auto& c) { return c.ChaveEste; });
+  const auto porNivel = Ordenadas(chaves, [](const auto& c) { return c.ChaveNivelAnterior; });
+  const auto ninguem = static_cast<std::uint32_t>(chaves.size() + 1);
+  std::uint32_t chave = 0;
+  std::uint32_t numero = 0;
+  std::size_t nivel = 0;
+  const auto numeraNiveisAte = [&](std::uint64_t limite, std::uint32_t valor) {
+    for (; nivel < porNivel.size() && porNivel[nivel].Chave < limite; ++nivel) {
+      densas[porNivel[nivel].Posicao].ChaveNivelAnterior = valor;
+    }
+  };
+  numeraNiveisAte(1, 0);
+  for (const Entrada& e : porChave) {
+    if (e.Chave != chave) {
+      chave = e.Chave;
+      ++numero;
+      numeraNiveisAte(chave, ninguem);
+      numeraNiveisAte(std::uint64_t{chave} + 1, numero);
+    }
+    densas[e.Posicao].ChaveEste = numero;
+  }
+  numeraNiveisAte(std::uint64_t{1} << 32, ninguem);
+  return densas;
+}
 
-  std::vector<Entrada> PorChave;
-  std::vector<Entrada> PorNivelAnterior;
-  std::vector<std::uint32_t> Numero;  // by position
+std::uint32_t MaiorChave(const Chaves& chaves) {
+  std::uint32_t maior = 0;
+  for (const auto& registro : chaves) maior = std::max(maior, registro.ChaveEste);
+  return maior;
+}
+
+// Children by parent: those of number n are Filhos[Inicio] to Filhos[Fim - 1].
+struct Ramos {
+  struct Ramo {
+    std::uint32_t Inicio;
+    std::uint32_t Fim;
+  };
+  std::vector<Ramo> PorNumero;
+  std::vector<std::uint32_t> Filhos;
 };
 
-Indice::Indice(const Chaves& chaves) : Numero(chaves.size()) {
-  PorChave.reserve(chaves.size());
-  PorNivelAnterior.reserve(chaves.size());
-  for (std::uint32_t i = 0; i < chaves.size(); ++i) {
-    PorChave.push_back({chaves[i].ChaveEste, i});
-    PorNivelAnterior.push_back({chaves[i].ChaveNivelAnterior, i});
-  }
-  Ordena(PorChave);
-  Ordena(PorNivelAnterior);
-  for (std::uint32_t i = 0; i < PorChave.size(); ++i) Numero[PorChave[i].Posicao] = i + 1;
-}
-
-bool Indice::ChavesRepetidas() const {
-  const auto mesma = [](const Entrada& a, const Entrada& b) { return a.Chave == b.Chave; };
-  return std::adjacent_find(PorChave.begin(), PorChave.end(), mesma) != PorChave.end();
-}
-
-template <class Visita>
-void Indice::ParaCadaFilho(Visita visita) const {
-  auto pai = static_cast<std::uint32_t>(PorChave.size());
-  for (auto i = static_cast<std::uint32_t>(PorNivelAnterior.size()); i-- > 0;) {
-    const std::uint32_t chave = PorNivelAnterior[i].Chave;
-    while (pai > 0 && PorChave[pai - 1].Chave > chave) --pai;
-    if (chave == 0) {
-      visita(i, 0);
-    } else if (pai > 0 && PorChave[pai - 1].Chave == chave) {
-      visita(i, pai);
+// Groups `quantos` children below parents whose numbers are less than `pais`: pai(i) is the parent
+// of child i, filho(i) what is kept of it. Children of other parents are left out.
+template <class Pai, class Filho>
+Ramos Agrupa(std::size_t quantos, std::size_t pais, Pai pai, Filho filho) {
+  Ramos ramos{std::vector<Ramos::Ramo>(pais), {}};
+  const auto paraCada = [&](auto faz) {
+    for (std::size_t i = 0; i < quantos; ++i) {
+      if (i + kAdiante < quantos && pai(i + kAdiante) < pais) {
+        plataforma::Antecipa(&ramos.PorNumero[pai(i + kAdiante)]);
+      }
+      if (pai(i) < pais) faz(i, ramos.PorNumero[pai(i)]);
     }
+  };
+  paraCada([](std::size_t, Ramos::Ramo& ramo) { ++ramo.Fim; });
+  std::uint32_t fim = 0;
+  for (Ramos::Ramo& ramo : ramos.PorNumero) {
+    ramo.Inicio = fim;
+    fim += std::exchange(ramo.Fim, fim);
   }
+  ramos.Filhos.resize(fim);
+  paraCada([&](std::size_t i, Ramos::Ramo& ramo) { ramos.Filhos[ramo.Fim++] = filho(i); });
+  return ramos;
 }
 
-Hierarquia SemLigacoes(const Indice& indice) {
-  const std::size_t quantos = indice.PorChave.size() + 1;
-  Hierarquia h{std::vector<std::uint32_t>(quantos), std::vector<std::uint32_t>(quantos),
-               std::vector<std::uint32_t>(quantos)};
-  for (std::size_t i = 1; i < quantos; ++i) h.Posicao[i] = indice.PorChave[i - 1].Posicao;
-  return h;
+// What number 0, the root, reaches. Branches are left as soon as their last child is taken, so a
+// chain has one open branch, however long it is.
+template <class Posicao>
+std::vector<Lugar> EmPreOrdem(const Ramos& ramos, Posicao posicao) {
+  std::vector<Lugar> lugares;
+  lugares.reserve(ramos.Filhos.size());
+  std::vector<Ramos::Ramo> abertos;
+  const auto abre = [&](std::uint32_t numero) {
+    const Ramos::Ramo ramo = ramos.PorNumero[numero];
+    if (ramo.Inicio == ramo.Fim) return false;
+    abertos.push_back(ramo);
+    return true;
+  };
+  abre(0);
+  while (!abertos.empty()) {
+    Ramos::Ramo& ramo = abertos.back();
+    const std::uint32_t numero = ramos.Filhos[ramo.Inicio++];
+    const bool temIrmao = ramo.Inicio != ramo.Fim;
+    if (!temIrmao) abertos.pop_back();
+    const bool temFilhos = numero != 0 && abre(numero);
+    lugares.push_back({posicao(numero), temFilhos, temIrmao});
+  }
+  return lugares;
 }
 
-void LigaNaFrente(Hierarquia& h, std::uint32_t filho, std::uint32_t pai) {
-  h.ProximoIrmao[filho] = std::exchange(h.PrimeiroFilho[pai], filho);
-}
+constexpr std::uint32_t kSemPosicao = ~std::uint32_t{0};
 
-// When no two records share a key: all children of a record can be attached from the moment it is,
-// so they stand in source order, and nothing depends on when.
-Hierarquia LigaTodos(const Indice& indice) {
-  Hierarquia h = SemLigacoes(indice);
-  indice.ParaCadaFilho([&](std::uint32_t i, std::uint32_t pai) {
-    LigaNaFrente(h, indice.Numero[indice.PorNivelAnterior[i].Posicao], pai);
-  });
-  return h;
+// Where the record of each key is; empty when two records share a key.
+std::vector<std::uint32_t> PosicoesSemRepetir(const Chaves& chaves, std::size_t limite) {
+  std::vector<std::uint32_t> posicoes(limite, kSemPosicao);
+  for (std::size_t i = 0; i < chaves.size(); ++i) {
+    if (i + kAdiante < chaves.size()) {
+      plataforma::Antecipa(&posicoes[chaves[i + kAdiante].ChaveEste]);
+    }
+    std::uint32_t& posicao = posicoes[chaves[i].ChaveEste];
+    if (posicao != kSemPosicao) return {};
+    posicao = static_cast<std::uint32_t>(i);
+  }
+  return posicoes;
 }
 
 // Attaches the records one by one, in the order that the rules give.
 class Montagem {
  public:
-  Montagem(const Chaves& chaves, const Indice& indice)
+  Montagem(const Chaves& chaves, std::size_t limite)
       : _chaves(chaves),
-        _indice(indice),
-        _registros(chaves.size()),
-        _grupos(chaves.size() + 1),
+        _esperas(Agrupa(
+            chaves.size(), limite, [&](std::size_t i) { return chaves[i].ChaveNivelAnterior; },
+            [](std::size_t i) { return static_cast<std::uint32_t>(i); })),
+        _grupos(limite),
         _prontos(chaves.size()) {
     _nodes.reserve(chaves.size() + 1);
-    _nodes.emplace_back();
-    Agrupa();
+    _nodes.push_back({});
   }
 
-  Hierarquia Monta() {
+  std::vector<Lugar> Monta() {
     for (std::uint32_t i = 0; i < _chaves.size(); ++i) {
       if (_chaves[i].ChaveNivelAnterior == 0) Liga(i, 0, true);
     }
     while (!_prontos.Vazia()) {
       const std::uint32_t registro = _prontos.Tira();
-      const Grupo& pais = _grupos[_registros[registro].GrupoDoPai];
+      const Grupo& pais = _grupos[_chaves[registro].ChaveNivelAnterior];
       Liga(registro, pais.Alvo, !pais.NoIndice);
     }
-    return Resultado();
+    const auto ramos = Agrupa(
+        _nodes.size() - 1, _nodes.size(), [this](std::size_t i) { return _nodes[i + 1].Pai; },
+        [](std::size_t i) { return static_cast<std::uint32_t>(i + 1); });
+    return EmPreOrdem(ramos, [this](std::uint32_t node) { return _nodes[node].Registro; });
   }
 
  private:
-  // The records of one key are a group, which has the number of the last of them.
-  struct Registro {
-    std::uint32_t Grupo;
-    std::uint32_t GrupoDoPai;  // 0 when its parent key is no record's
-  };
-
+  // The nodes of one key.
   struct Grupo {
-    std::uint32_t Alvo;    // node that takes the next child; 0 = no node yet
-    std::uint32_t Espera;  // where the records that name the key begin in PorNivelAnterior
+    std::uint32_t Alvo;  // the one that takes the next child; 0 = no node yet
     bool NoIndice;
   };
 
@@ -193,38 +253,24 @@ class Montagem {
     std::uint32_t Salto;
   };
 
-  void Agrupa() {
-    const auto& porChave = _indice.PorChave;
-    std::uint32_t grupo = 0;
-    for (auto i = static_cast<std::uint32_t>(porChave.size()); i-- > 0;) {
-      if (i + 1 == porChave.size() || porChave[i].Chave != porChave[i + 1].Chave) grupo = i + 1;
-      _registros[porChave[i].Posicao].Grupo = grupo;
-    }
-    _indice.ParaCadaFilho([this](std::uint32_t i, std::uint32_t pai) {
-      _registros[_indice.PorNivelAnterior[i].Posicao].GrupoDoPai = pai;
-      _grupos[pai].Espera = i;
-    });
-  }
-
   void Liga(std::uint32_t registro, std::uint32_t pai, bool entraNoIndice) {
     const auto node = static_cast<std::uint32_t>(_nodes.size());
     _nodes.push_back({registro, pai});
-    Grupo& grupo = _grupos[_registros[registro].Grupo];
-    if (grupo.Alvo == 0) Acorda(grupo.Espera, _chaves[registro].ChaveEste);
+    const std::uint32_t chave = _chaves[registro].ChaveEste;
+    Grupo& grupo = _grupos[chave];
+    if (grupo.Alvo == 0) Acorda(chave);
     if (entraNoIndice) {
-      grupo.Alvo = node;
-      grupo.NoIndice = true;
+      grupo = {node, true};
     } else if (grupo.Alvo == 0 || (!grupo.NoIndice && NovoVemAntes(node, grupo.Alvo))) {
       grupo.Alvo = node;
     }
   }
 
   // The records that name the key can be attached from now on; key 0 is named by none.
-  void Acorda(std::uint32_t desde, std::uint32_t chave) {
-    const auto& espera = _indice.PorNivelAnterior;
-    for (auto i = desde; chave != 0 && i < espera.size() && espera[i].Chave == chave; ++i) {
-      _prontos.Poe(espera[i].Posicao);
-    }
+  void Acorda(std::uint32_t chave) {
+    if (chave == 0) return;
+    const Ramos::Ramo& espera = _esperas.PorNumero[chave];
+    for (auto i = espera.Inicio; i < espera.Fim; ++i) _prontos.Poe(_esperas.Filhos[i]);
   }
 
   // Two leaps of equal length join into one that is a step longer than both: the lengths are those
@@ -264,30 +310,36 @@ class Montagem {
     return a < b;
   }
 
-  Hierarquia Resultado() const {
-    Hierarquia h = SemLigacoes(_indice);
-    for (std::size_t i = _nodes.size() - 1; i > 0; --i) {
-      const std::uint32_t pai = _nodes[i].Pai;
-      LigaNaFrente(h, _indice.Numero[_nodes[i].Registro],
-                   pai == 0 ? 0 : _indice.Numero[_nodes[pai].Registro]);
-    }
-    return h;
-  }
-
   const Chaves& _chaves;
-  const Indice& _indice;
-  std::vector<Registro> _registros;  // by position
-  std::vector<Grupo> _grupos;
+  Ramos _esperas;                // by key, the records that name it
+  std::vector<Grupo> _grupos;    // by key
   std::vector<Node> _nodes;      // in the order in which they are attached; 0 is the root
   std::vector<Subida> _subidas;  // by node
   FilaOrdenada _prontos;         // records that can be attached, by position
 };
 
+// The keys are those of tables, so they are not to be much larger than the number of records. What
+// is kept by key is found in the same memory whatever the order of the source, since related rules
+// tend to have keys that are near each other.
+//
+// When no two records share a key, all children of a record can be attached from the moment it is:
+// they stand in source order, and nothing depends on when.
+std::vector<Lugar> MontaDensas(const Chaves& chaves, std::size_t limite) {
+  const std::vector<std::uint32_t> posicoes = PosicoesSemRepetir(chaves, limite);
+  if (posicoes.empty()) return Montagem(chaves, limite).Monta();
+  const auto ramos = Agrupa(
+      chaves.size(), limite, [&](std::size_t i) { return chaves[i].ChaveNivelAnterior; },
+      [&](std::size_t i) { return chaves[i].ChaveEste; });
+  return EmPreOrdem(ramos, [&](std::uint32_t chave) { return posicoes[chave]; });
+}
+
 }  // namespace
 
-Hierarquia MontaHierarquia(const Chaves& chaves) {
-  const Indice indice(chaves);
-  return indice.ChavesRepetidas() ? Montagem(chaves, indice).Monta() : LigaTodos(indice);
+std::vector<Lugar> MontaHierarquia(const Chaves& chaves) {
+  constexpr std::size_t kFolga = 4;
+  const std::size_t limite = std::size_t{MaiorChave(chaves)} + 1;
+  if (limite <= kFolga * chaves.size()) return MontaDensas(chaves, limite);
+  return MontaDensas(Renumeradas(chaves), chaves.size() + 1);
 }
 
 }  // namespace kx

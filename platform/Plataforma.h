@@ -70,4 +70,14 @@ KX_API void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept
 // as it was, when a fault comes before the terminator or the text is null.
 KX_API bool MedeProtegido(const char* texto, std::size_t& tamanho) noexcept;
 
+// --- Memory -------------------------------------------------------------------------------------
+
+// Asks the processor for memory that will soon be used and may not be there: no fault comes of it.
+// Without effect where the compiler has no way to ask.
+inline void Antecipa([[maybe_unused]] const void* onde) noexcept {
+#if defined(__GNUC__)
+  __builtin_prefetch(onde);
+#endif
+}
+
 }  // namespace kx::plataforma
