@@ -5,6 +5,21 @@
 #include <string_view>
 
 namespace kx {
+namespace {
+
+// Measured under the guard; what was measured is there to be copied.
+CString LeAte(std::size_t limite, const char* texto, std::size_t largura, const char* fonte,
+              int linha) {
+  if (texto == nullptr) return {};
+  std::size_t caracteres = 0;
+  if (!plataforma::MedeProtegido(texto, limite, caracteres)) {
+    RelataFalhaBloco(largura, fonte, linha);
+    return {};
+  }
+  return std::string_view(texto, caracteres);
+}
+
+}  // namespace
 
 void EscreveTexto(const CString& texto, KXStringPS* destino, Alocador alocador,
                   std::size_t maximo) {
@@ -39,37 +54,11 @@ CString LeTexto(const KXStringPS& origem, const char* fonte, int linha) {
 }
 
 CString LeTexto(const char* texto, const char* fonte, int linha) {
-  if (texto == nullptr) return {};
-  std::size_t tamanho = 0;
-  if (!plataforma::MedeProtegido(texto, tamanho)) {
-    RelataFalhaBloco(0, fonte, linha);
-    return {};
-  }
-  return LeTexto(texto, tamanho, fonte, linha);
+  return LeAte(std::numeric_limits<std::ptrdiff_t>::max(), texto, 0, fonte, linha);
 }
 
 CString LeTexto(const char* texto, std::size_t tamanho, const char* fonte, int linha) {
-  if (texto == nullptr) return {};
-  // In pieces that end where a page may end: neither the memory taken nor the bytes touched go
-  // beyond the terminator, whatever size the record claims.
-  constexpr std::size_t kPagina = 4096;
-  char pedaco[kPagina];
-  CString lido;
-  for (std::size_t feitos = 0; feitos < tamanho;) {
-    const char* proximo = texto + feitos;
-    const std::size_t quantos =
-        std::min(tamanho - feitos, kPagina - reinterpret_cast<std::uintptr_t>(proximo) % kPagina);
-    if (CopiaBloco(pedaco, proximo, quantos, fonte, linha) == nullptr) return {};
-    const std::string_view uteis(pedaco, strnlen(pedaco, quantos));
-    if (feitos == 0) {
-      lido = CString(uteis);  // most texts end here, with one allocation
-    } else {
-      lido += CString(uteis);
-    }
-    if (uteis.size() < quantos) break;
-    feitos += quantos;
-  }
-  return lido;
+  return tamanho == 0 ? CString() : LeAte(tamanho, texto, tamanho, fonte, linha);
 }
 
 }  // namespace kx

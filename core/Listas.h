@@ -10,6 +10,7 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <type_traits>
 
 #include "core/Bloco.h"
 #include "core/Metadados.h"
@@ -78,6 +79,17 @@ void EscreveElemento(const T& elemento, E* vaga, Alocador alocador);
 template <class T, class E>
 void LeElemento(CKXVector<T>& lista, const E* vaga);
 
+// True for the elements that a parent's conversion writes and reads without a call of their own:
+// their class says KX_CONVERSAO_DIRETA, and the record is the one it stores.
+template <class T, class E>
+inline constexpr bool kDireta = requires {
+  requires T::kConversaoDireta;
+  requires std::is_same_v<typename T::Registro, E>;
+};
+// Reads one of those from memory that was seen to be readable.
+template <class T, class E>
+void LeLegivel(CKXVector<T>& lista, const E& vaga);
+
 template <class T, class E>
 void EscreveElementos(const CKXVector<T>& lista, E*& array, std::uint16_t& quantidade,
                       Alocador alocador) {
@@ -93,6 +105,13 @@ void EscreveElementos(const CKXVector<T>& lista, E*& array, std::uint16_t& quant
 template <class T, class E>
 void LeElementos(CKXVector<T>& lista, const E* array, std::uint16_t quantidade) {
   lista.reserve(quantidade);
+  if constexpr (kDireta<T, E>) {
+    // One look at the whole array in place of a guarded copy for each element.
+    if (plataforma::Legivel(array, quantidade * sizeof(E))) {
+      for (std::size_t i = 0; i < quantidade; ++i) LeLegivel(lista, array[i]);
+      return;
+    }
+  }
   for (std::size_t i = 0; i < quantidade; ++i) LeElemento(lista, &array[i]);
 }
 

@@ -107,9 +107,16 @@ struct Motor {
       std::memset(&objeto._Reg, 0, sizeof(objeto._Reg));
       return false;
     }
-    EsqueceListas(objeto._Reg);
-    VisitaPartes<C>(Leitor<C>{objeto, *origem, fonte, linha});
+    LePartes(objeto, *origem, fonte, linha);
     return true;
+  }
+
+  // The same from memory that was seen to be readable.
+  template <class C>
+  static void LeLegivel(C& objeto, const typename C::Registro& origem, const char* fonte,
+                        int linha) {
+    objeto._Reg = origem;
+    LePartes(objeto, origem, fonte, linha);
   }
 
   // Into a slot of an array that a conversion has just allocated: nothing can fault there, so the
@@ -124,6 +131,13 @@ struct Motor {
   template <class C, class V>
   static void VisitaPartes(V&& visitante) {
     if constexpr (requires { C::Partes(visitante); }) C::Partes(visitante);
+  }
+
+  template <class C>
+  static void LePartes(C& objeto, const typename C::Registro& origem, const char* fonte,
+                       int linha) {
+    EsqueceListas(objeto._Reg);
+    VisitaPartes<C>(Leitor<C>{objeto, origem, fonte, linha});
   }
 
   template <class T>
@@ -305,14 +319,6 @@ struct Motor {
   };
 };
 
-// True for the elements that a parent's conversion writes and reads without a call of their own:
-// their class says KX_CONVERSAO_DIRETA, and the record is the one it stores.
-template <class T, class E>
-inline constexpr bool kDireta = requires {
-  requires T::kConversaoDireta;
-  requires std::is_same_v<typename T::Registro, E>;
-};
-
 template <class T, class E>
 void EscreveElemento(const T& elemento, E* vaga, Alocador alocador) {
   if constexpr (kDireta<T, E>) {
@@ -331,6 +337,11 @@ void LeElemento(CKXVector<T>& lista, const E* vaga) {
   } else {
     lista.emplace_back(SemLimpar{}).CopiarDe(vaga);
   }
+}
+
+template <class T, class E>
+void LeLegivel(CKXVector<T>& lista, const E& vaga) {
+  Motor::LeLegivel(lista.emplace_back(SemLimpar{}), vaga, T::kFonteDosRelatos, __LINE__);
 }
 
 }  // namespace kx

@@ -2,6 +2,8 @@
 // KX_CONSTROI is defined while the library is built, KX_ESTATICA by whoever links it statically.
 #pragma once
 
+// KX_LOCAL takes back from the export what an exported class has for the library's own sources: its
+// template members, which the compiler would export or not as it pleases.
 #if defined(KX_ESTATICA)
 #define KX_API
 #elif defined(_WIN32) && defined(KX_CONSTROI)
@@ -10,4 +12,10 @@
 #define KX_API __declspec(dllimport)
 #else
 #define KX_API __attribute__((visibility("default")))
+#endif
+
+#if defined(_WIN32)
+#define KX_LOCAL
+#else
+#define KX_LOCAL __attribute__((visibility("hidden")))
 #endif

@@ -66,9 +66,14 @@ KX_API std::uint32_t RegistraMensagemJanela(const char* nome) noexcept;
 KX_API void* CopiaProtegida(void* destino, const void* origem, std::size_t n) noexcept;
 KX_API void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept;
 
-// As std::strlen, under the same guard: the characters before the terminator. False, and `tamanho`
-// as it was, when a fault comes before the terminator or the text is null.
-KX_API bool MedeProtegido(const char* texto, std::size_t& tamanho) noexcept;
+// The characters before the terminator, at most `limite`, under the same guard; no page beyond them
+// is touched. False, and `tamanho` as it was, when a fault comes first or the text is null.
+KX_API bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& tamanho) noexcept;
+
+// True when the n bytes can be read, false when they are null or a fault stops the look at every
+// page of them. What is copied out of them next needs no guard of its own, as long as nobody unmaps
+// them meanwhile.
+KX_API bool Legivel(const void* bloco, std::size_t n) noexcept;
 
 // --- Memory -------------------------------------------------------------------------------------
 

@@ -78,8 +78,9 @@ std::uint32_t RegistraMensagemJanela(const char* nome) noexcept {
 namespace {
 
 // The jump back into a guarded copy. The compiler's own is a few instructions, half the cost of the
-// C library's, and restores no signal mask either: the handler does. ThreadSanitizer alone must see
-// the jump, to undo what it keeps about the copy that was left.
+// C library's, and restores no signal mask either: the handler does. On other processors not every
+// compiler has it, and ThreadSanitizer must see the jump, to undo what it keeps about the copy that
+// was left.
 #if defined(__SANITIZE_THREAD__)
 #define KX_TSAN
 #elif defined(__has_feature)
@@ -87,7 +88,7 @@ namespace {
 #define KX_TSAN
 #endif
 #endif
-#if defined(KX_TSAN)
+#if defined(KX_TSAN) || !defined(__x86_64__)
 using Retorno = sigjmp_buf;
 #define KX_MARCA_RETORNO(retorno) sigsetjmp(retorno, 0)
 #define KX_RETORNA(retorno) siglongjmp(*(retorno), 1)
@@ -177,9 +178,14 @@ bool InstalaTratador() {
 
 void Copia(void* destino, const void* origem, std::size_t n) { std::memmove(destino, origem, n); }
 void Preenche(void* destino, int valor, std::size_t n) { std::memset(destino, valor, n); }
-void Mede(void* destino, const char* texto, std::size_t n) {
-  const std::size_t tamanho = std::strlen(texto);
-  std::memcpy(destino, &tamanho, n);
+void Mede(void* destino, const char* texto, std::size_t limite) {
+  const std::size_t tamanho = strnlen(texto, limite);
+  std::memcpy(destino, &tamanho, sizeof(tamanho));
+}
+void Olha(void* /*destino*/, const volatile char* bloco, std::size_t n) {
+  constexpr std::size_t kMenorPagina = 4096;
+  for (std::size_t i = 0; i < n; i += kMenorPagina) [[maybe_unused]] const char visto = bloco[i];
+  [[maybe_unused]] const char ultimo = bloco[n - 1];
 }
 
 // Runs the action; null when a fault stopped it. The fences keep the compiler from moving the
@@ -215,8 +221,15 @@ void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept {
   return SemFalha<Preenche>(destino, valor, n);
 }
 
-bool MedeProtegido(const char* texto, std::size_t& tamanho) noexcept {
-  return texto != nullptr && SemFalha<Mede>(&tamanho, texto, sizeof(tamanho)) != nullptr;
+bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& tamanho) noexcept {
+  return texto != nullptr && SemFalha<Mede>(&tamanho, texto, limite) != nullptr;
+}
+
+bool Legivel(const void* bloco, std::size_t n) noexcept {
+  if (n == 0) return true;
+  char algum = 0;
+  return bloco != nullptr &&
+         SemFalha<Olha>(&algum, static_cast<const volatile char*>(bloco), n) != nullptr;
 }
 
 }  // namespace kx::plataforma

@@ -7,16 +7,19 @@
 
 #include <atomic>
 #include <cstring>
+#include <limits>
 #include <set>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "platform/Plataforma.h"
+#include "tests/apoio/Paginas.h"
 
 namespace {
 
 using namespace kx::plataforma;
+using apoio::Paginas;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kComSanitizador = true;
@@ -26,36 +29,6 @@ constexpr bool kComSanitizador =
 #else
 constexpr bool kComSanitizador = false;
 #endif
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kComAsan = true;
-#elif defined(__has_feature)
-constexpr bool kComAsan = __has_feature(address_sanitizer);
-#else
-constexpr bool kComAsan = false;
-#endif
-
-// One page that holds 'p' everywhere and, right after it, one that cannot be touched.
-class Paginas {
- public:
-  Paginas() {
-    const int privado = MAP_PRIVATE | MAP_ANONYMOUS;
-    _inicio =
-        static_cast<char*>(mmap(nullptr, 2 * kPagina, PROT_READ | PROT_WRITE, privado, -1, 0));
-    std::memset(_inicio, 'p', kPagina);
-    mprotect(Proibida(), kPagina, PROT_NONE);
-  }
-  Paginas(const Paginas&) = delete;
-  Paginas& operator=(const Paginas&) = delete;
-  ~Paginas() { munmap(_inicio, 2 * kPagina); }
-
-  char* Proibida() const { return _inicio + kPagina; }
-  char* Legivel() const { return _inicio; }
-  static constexpr std::size_t kPagina = 4096;
-
- private:
-  char* _inicio;
-};
 
 bool Bloqueado(int sinal) {
   sigset_t mascara;
@@ -81,15 +54,28 @@ TEST(CopiaProtegida, FalhaDevolveNuloQuantasVezesForem) {
 }
 
 TEST(MedeProtegido, TextoAteOFimDaPaginaESemTerminador) {
+  constexpr std::size_t kSemFim = std::numeric_limits<std::ptrdiff_t>::max();
   const Paginas paginas;
   std::size_t tamanho = 77;
-  EXPECT_FALSE(MedeProtegido(paginas.Legivel(), tamanho));
-  EXPECT_FALSE(MedeProtegido(paginas.Proibida(), tamanho));
-  EXPECT_FALSE(MedeProtegido(nullptr, tamanho));
+  EXPECT_FALSE(MedeProtegido(paginas.Legivel(), kSemFim, tamanho));
+  EXPECT_FALSE(MedeProtegido(paginas.Proibida(), kSemFim, tamanho));
+  EXPECT_FALSE(MedeProtegido(nullptr, kSemFim, tamanho));
   EXPECT_EQ(tamanho, 77U);
   paginas.Proibida()[-1] = '\0';
-  EXPECT_TRUE(MedeProtegido(paginas.Legivel(), tamanho));
+  EXPECT_TRUE(MedeProtegido(paginas.Legivel(), kSemFim, tamanho));
   EXPECT_EQ(tamanho, Paginas::kPagina - 1);
+  EXPECT_TRUE(MedeProtegido(paginas.Legivel(), 5, tamanho));
+  EXPECT_EQ(tamanho, 5U);
+}
+
+TEST(Legivel, AtePrimeiroByteProibido) {
+  const Paginas paginas;
+  EXPECT_TRUE(Legivel(paginas.Legivel(), Paginas::kPagina));
+  EXPECT_TRUE(Legivel(paginas.Proibida() - 1, 1));
+  EXPECT_FALSE(Legivel(paginas.Legivel(), Paginas::kPagina + 1));
+  EXPECT_FALSE(Legivel(paginas.Proibida() - 1, 2));
+  EXPECT_FALSE(Legivel(nullptr, 1));
+  EXPECT_TRUE(Legivel(nullptr, 0));
 }
 
 // A file mapping beyond the file's end: a bus error.
@@ -156,7 +142,6 @@ void CopiaDentroDoSinal(int) {
 
 TEST(CopiaProtegida, DentroDeOutra) {
   if (kComSanitizador) GTEST_SKIP() << "a sanitizer's own copy cannot be left from a handler";
-  if (kComAsan) GTEST_SKIP() << "the sanitizer's own longjmp takes locks inside a signal handler";
   const Paginas paginas;
   gPaginas = &paginas;
   std::vector<char> muito(1 << 20);
