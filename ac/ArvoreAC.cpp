@@ -182,7 +182,8 @@ std::vector<CKXDadosCM_ACTreeAutorizacaoCompra::RegraLida>
 CKXDadosCM_ACTreeAutorizacaoCompra::LeRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras,
                                              std::size_t quantas) {
   std::vector<RegraLida> lidas;
-  lidas.reserve(quantas);
+  // No memory for a count that the array does not live up to.
+  if (kx::plataforma::Legivel(regras, quantas * sizeof(*regras))) lidas.reserve(quantas);
   for (std::size_t i = 0; i < quantas; ++i) {
     tagREG_CM_AUTORIZACAO_CMSAUTPS regra;
     if (kx::CopiaBloco(&regra, &regras[i], sizeof(regra), kFonte, __LINE__) == nullptr) break;

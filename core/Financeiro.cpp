@@ -26,7 +26,10 @@ void LeCampos(const tagREG_FATURA_CONHECIMENTOPS& de, tagREG_FATURA_ENTRADAPS& p
 }
 
 void EscreveCampos(const tagREG_FATURA_ENTRADAPS& de, tagREG_FATURA_CONHECIMENTOPS& para) {
-  para.DataHoraVencimento.Data = de.RegDataVencimento;
+  // What came beside the date holds for that date alone.
+  if (para.DataHoraVencimento.Data != de.RegDataVencimento) {
+    para.DataHoraVencimento = {de.RegDataVencimento, {}};
+  }
   para.NumeroDias = de.NumeroDias;
   para.Valor = de.Valor;
   para.ValorLiquido = de.ValorLiquido;

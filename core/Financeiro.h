@@ -52,7 +52,8 @@ class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
 //   tagREG_FATURA_COMPRAPS        (24 bytes, purchase order) no document number, no net value, no
 //   tagREG_COTACAOITEMFATURAPS    (24 bytes, quotation)      taxes
 // Bytes of these three that have no field here are kept as they came, and written back when the
-// object is converted into the same kind of record.
+// object is converted into the same kind of record; those beside the freight bill's due date only
+// as long as the date is the same.
 //
 // The releases free the array of taxes of the record they are given, and not the deduction arrays
 // inside its elements: a caller that owns those releases them first, element by element, with
@@ -105,9 +106,10 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   };
 
   template <class REG>
-  CKXDadosCM_Parcela& Le(const REG* origem, Origem tipo);
+  KX_LOCAL CKXDadosCM_Parcela& Le(const REG* origem, Origem tipo);
   template <class REG>
-  const CKXDadosCM_Parcela& Escreve(REG* destino, Origem tipo, kx::Alocador alocador) const;
+  KX_LOCAL const CKXDadosCM_Parcela& Escreve(REG* destino, Origem tipo,
+                                             kx::Alocador alocador) const;
 
   Bruto _Bruto{};
 };

@@ -12,6 +12,10 @@ std::atomic<long long> gBytes{0};
 std::atomic<long long> gAteFalhar{0};
 std::atomic<bool> gFalhou{false};
 
+}  // namespace
+
+namespace apoio {
+
 void* Aloca(std::size_t tamanho) noexcept {
   ++gFeitas;
   gBytes += static_cast<long long>(tamanho);
@@ -24,21 +28,11 @@ void* Aloca(std::size_t tamanho) noexcept {
   return memoria;
 }
 
-void* AlocaOuLanca(std::size_t tamanho) {
-  void* memoria = Aloca(tamanho);
-  if (memoria == nullptr) throw std::bad_alloc();
-  return memoria;
-}
-
 void Libera(void* memoria) noexcept {
   if (memoria == nullptr) return;
   --gVivas;
   std::free(memoria);
 }
-
-}  // namespace
-
-namespace apoio {
 
 long long AlocacoesVivas() noexcept { return gVivas; }
 
@@ -54,6 +48,15 @@ void FalhaNaAlocacao(long long n) noexcept {
 bool AlocacaoFalhou() noexcept { return gFalhou; }
 
 }  // namespace apoio
+
+using apoio::Aloca;
+using apoio::Libera;
+
+static void* AlocaOuLanca(std::size_t tamanho) {
+  void* memoria = Aloca(tamanho);
+  if (memoria == nullptr) throw std::bad_alloc();
+  return memoria;
+}
 
 void* operator new(std::size_t n) { return AlocaOuLanca(n); }
 void* operator new[](std::size_t n) { return AlocaOuLanca(n); }

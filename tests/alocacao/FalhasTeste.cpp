@@ -3,34 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <string>
 #include <type_traits>
+#include <utility>
 
+#include "ac/ArvoreAC.h"
+#include "kxldados/TKXConsisteRetorno.h"
+#include "platform/Plataforma.h"
 #include "tests/apoio/ClassesDeRegistro.h"
 #include "tests/apoio/ContaAlocacoes.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
 
-// Runs the action with its first, second, ... allocation failing until it succeeds; `depois` runs
-// after each failure.
-template <class Acao, class Depois>
-void FalhaEmCadaAlocacao(Acao acao, Depois depois) {
-  for (long long n = 1;; ++n) {
-    const long long vivas = apoio::AlocacoesVivas();
-    apoio::FalhaNaAlocacao(n);
-    bool falhou = false;
-    try {
-      acao();
-    } catch (const std::bad_alloc&) {
-      falhou = true;
-    }
-    apoio::FalhaNaAlocacao(0);
-    depois();
-    ASSERT_EQ(apoio::AlocacoesVivas(), vivas) << "allocation " << n;
-    ASSERT_EQ(apoio::AlocacaoFalhou(), falhou) << "allocation " << n;
-    if (!falhou) return;
-  }
-}
+using apoio::FalhaEmCadaAlocacao;
 
 // An installment releases its own array alone; its taxes have releases of their own.
 template <class Classe>
@@ -73,6 +59,7 @@ TYPED_TEST(Falhas, CadaLiberacaoLevaTudo) {
 TYPED_TEST(Falhas, CopiarDeECopia) {
   using REG = typename TypeParam::Registro;
   const apoio::RegistroAleatorio<REG> original(kSementeCheia, true);
+  const apoio::RegistroAleatorio<REG> outro(kSementeCheia + 1, true);
   TypeParam inteiro;
   inteiro.CopiarDe(&original.Reg);
   const auto tenta = [&](auto acao) {
@@ -96,7 +83,101 @@ TYPED_TEST(Falhas, CopiarDeECopia) {
   };
   tenta([&](TypeParam& objeto) { objeto.CopiarDe(&original.Reg); });
   tenta([&](TypeParam& objeto) { objeto = inteiro; });
+  tenta([&](TypeParam& objeto) {  // over what was there
+    objeto.CopiarDe(&outro.Reg);
+    objeto = inteiro;
+  });
   FalhaEmCadaAlocacao([&] { const TypeParam copia(inteiro); }, [] {});
+}
+
+TYPED_TEST(Falhas, MoverELimparNaoAlocam) {
+  const apoio::RegistroAleatorio<typename TypeParam::Registro> original(kSementeCheia, true);
+  TypeParam objeto;
+  objeto.CopiarDe(&original.Reg);
+  const long long antes = apoio::AlocacoesFeitas();
+  TypeParam movido(std::move(objeto));
+  TypeParam atribuido;
+  atribuido = std::move(movido);
+  EXPECT_FALSE(atribuido.EstaVazio());
+  atribuido.Limpar();
+  EXPECT_EQ(apoio::AlocacoesFeitas(), antes);
+}
+
+// An installment has a record for each kind of document, from either allocator.
+template <class REG>
+class FalhasParcela : public ::testing::Test {};
+using RegistrosDeParcela = ::testing::Types<tagREG_FATURA_ENTRADAPS, tagREG_FATURA_CONHECIMENTOPS,
+                                            tagREG_FATURA_COMPRAPS, tagREG_COTACAOITEMFATURAPS>;
+TYPED_TEST_SUITE(FalhasParcela, RegistrosDeParcela);
+
+TYPED_TEST(FalhasParcela, VaiEVolta) {
+  const apoio::RegistroAleatorio<TypeParam> original(kSementeCheia);
+  CKXDadosCM_Parcela parcela;
+  parcela.CopiarDe(&original.Reg);
+  TypeParam destino{};
+  FalhaEmCadaAlocacao([&] { parcela.CopiarPara(&destino); },
+                      [&] { kx::LiberaRegistro(&destino, kx::Alocador::Delete); });
+  FalhaEmCadaAlocacao([&] { parcela.CopiarParaPS(&destino); },
+                      [&] { kx::LiberaRegistro(&destino, kx::Alocador::Tarefa); });
+  FalhaEmCadaAlocacao(
+      [&] {
+        CKXDadosCM_Parcela volta;
+        volta.CopiarDe(&original.Reg);
+        EXPECT_TRUE(volta == parcela);
+      },
+      [] {});
+}
+
+TEST(FalhasSemRegistro, Copia) {
+  const apoio::RegistroAleatorio<CKXDadosCM_ACAutorizacaoCompra::Registro> regra(kSementeCheia);
+  CKXDadosCM_ACThread thread;
+  thread.GetAC().CopiarDe(&regra.Reg);
+  thread.SetACAnterior(thread.GetAC());
+  thread.GetConsisteGrava().AdicionaItem({TKXConsisteRetornoItem::eConsiste::Erro, "Sem limite"});
+  FalhaEmCadaAlocacao(
+      [&] {
+        CKXDadosCM_ACThread copia;
+        copia = thread;
+        EXPECT_TRUE(copia == thread);
+        copia.Limpar();
+        EXPECT_TRUE(copia.EstaVazio());
+      },
+      [] {});
+}
+
+// The collection family over elements of any class.
+template <class T>
+class Dono {
+  KX_COLECAO(Dono, Item, T)
+};
+
+TYPED_TEST(Falhas, FamiliaDaColecao) {
+  const apoio::RegistroAleatorio<typename TypeParam::Registro> original(kSementeCheia, true);
+  TypeParam cheio;
+  cheio.CopiarDe(&original.Reg);
+  const Dono<TypeParam> dois =
+      Dono<TypeParam>().AdicionaItem(TypeParam()).AdicionaItem(TypeParam(cheio));
+  // What fails half-way is as it was, or at least as long as it was.
+  const auto tenta = [&](bool comoEra, auto acao) {
+    FalhaEmCadaAlocacao(
+        [&] {
+          Dono<TypeParam> dono(dois);
+          try {
+            acao(dono);
+          } catch (const std::bad_alloc&) {
+            EXPECT_EQ(dono.GetQuantidadeItem(), 2);
+            EXPECT_TRUE(!comoEra || dono.GetListaItem() == dois.GetListaItem());
+            throw;
+          }
+        },
+        [] {});
+  };
+  tenta(true, [&](Dono<TypeParam>& dono) { dono.AdicionaItem(cheio); });
+  tenta(true, [&](Dono<TypeParam>& dono) { dono.AdicionaItem(dono.GetItem(1)); });
+  tenta(true, [&](Dono<TypeParam>& dono) { dono.AdicionaItem(std::move(dono.GetRefItem(1))); });
+  tenta(true, [&](Dono<TypeParam>& dono) { dono.SetValorUnicoItem(cheio); });
+  tenta(false, [&](Dono<TypeParam>& dono) { dono.SetItem(0, cheio); });
+  tenta(false, [&](Dono<TypeParam>& dono) { dono.SetListaItem({cheio, cheio}); });
 }
 
 TEST(Alocacoes, TextoLidoTomaOQueTemENaoOQueDiz) {
@@ -139,6 +220,62 @@ TEST(FalhasArvore, MontaECopia) {
         }
       },
       [] {});
+}
+
+TEST(FalhasArvore, AdicionaEProcura) {
+  using Arvore = CKXDadosCM_ACTreeAutorizacaoCompra;
+  tagREG_CM_AUTORIZACAO_CMSAUTPS regra{};
+  regra.ChaveEste = 3;
+  regra.ChaveNivelAnterior = 2;
+  FalhaEmCadaAlocacao(
+      [&] {
+        Arvore raiz;
+        raiz.AdicionaExNodes(Arvore(tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS{2, 0}));
+        EXPECT_NE(raiz.AdicionaNode(&regra), nullptr);
+        raiz.AdicionaExNodes(raiz);
+        CArray<unsigned long> chaves;
+        raiz.LocalizaChaveTodosNosFilhos(2, chaves);
+        EXPECT_EQ(chaves.GetSize(), 3);  // 2, and 3 twice
+        EXPECT_TRUE(raiz.EhReferenciaCiclica(2, 3));
+        EXPECT_EQ(raiz.AchaItemArvore(3), nullptr);
+        const Arvore movida(std::move(raiz));
+        EXPECT_EQ(movida.GetQuantidadeNodes(), 2);
+      },
+      [] {});
+}
+
+TEST(FalhasBase, TextosEMensagens) {
+  FalhaEmCadaAlocacao(
+      [] {
+        CString texto;
+        texto.Format("%0100d,%s", 0, "fim");
+        texto += texto;
+        texto.Replace("0,", "0 a 0, ");
+        texto.Insert(3, "um trecho que nao cabe no lugar do outro");
+        int inicio = 0;
+        EXPECT_GT(texto.Tokenize(",", inicio).GetLength(), 100);
+        EXPECT_EQ(texto.Mid(2).Left(150).Trim().GetLength(), 150);
+      },
+      [] {});
+  FalhaEmCadaAlocacao(
+      [] {
+        const CString texto(std::string(100, 'a'));
+        TKXConsisteRetorno retorno(TKXConsisteRetornoItem::eConsiste::Erro, texto);
+        retorno.AdicionaItem({TKXConsisteRetornoItem::eConsiste::Aviso, texto});
+        TKXConsisteRetorno copia;
+        copia = retorno;
+        EXPECT_TRUE(copia == retorno);
+      },
+      [] {});
+}
+
+TEST(FalhasBase, MensagemDeJanelaSemMemoriaNaoTemNumero) {
+  const char* nome = "um nome que nao cabe sem tomar memoria";
+  apoio::FalhaNaAlocacao(1);
+  EXPECT_EQ(kx::plataforma::RegistraMensagemJanela(nome), 0U);
+  apoio::FalhaNaAlocacao(0);
+  EXPECT_TRUE(apoio::AlocacaoFalhou());
+  EXPECT_NE(kx::plataforma::RegistraMensagemJanela(nome), 0U);
 }
 
 TEST(Alocacoes, EntradaVaziaNaoAloca) {

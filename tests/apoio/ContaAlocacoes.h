@@ -2,9 +2,16 @@
 // chosen allocation fail. tests/alocacao/ContaAlocacoes.cpp holds the replacements.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
+#include <new>
 
 namespace apoio {
+
+// The functions themselves, for libraries that are told where to take memory.
+void* Aloca(std::size_t tamanho) noexcept;
+void Libera(void* memoria) noexcept;
 
 // Allocations alive now, and all those made since the program began.
 long long AlocacoesVivas() noexcept;
@@ -17,5 +24,27 @@ long long BytesPedidos() noexcept;
 void FalhaNaAlocacao(long long n) noexcept;
 // Whether the allocation last chosen came and failed.
 bool AlocacaoFalhou() noexcept;
+
+// Runs the action with its first, second, ... allocation failing until it succeeds, or with every
+// `passo`-th alone; `depois` runs after each. A failure must come out as std::bad_alloc, and leave
+// nothing behind.
+template <class Acao, class Depois>
+void FalhaEmCadaAlocacao(Acao acao, Depois depois, long long passo = 1) {
+  for (long long n = 1;; n += passo) {
+    const long long vivas = AlocacoesVivas();
+    FalhaNaAlocacao(n);
+    bool falhou = false;
+    try {
+      acao();
+    } catch (const std::bad_alloc&) {
+      falhou = true;
+    }
+    FalhaNaAlocacao(0);
+    depois();
+    ASSERT_EQ(AlocacoesVivas(), vivas) << "allocation " << n;
+    ASSERT_EQ(AlocacaoFalhou(), falhou) << "allocation " << n;
+    if (!falhou) return;
+  }
+}
 
 }  // namespace apoio

@@ -6,28 +6,7 @@
 
 namespace {
 
-const std::string kNormal =
-    R"(<cteProc xmlns="http://www.portalfiscal.inf.br/cte" versao="4.00"><CTe>
-<infCte versao="4.00" Id="CTe41260311222333000181570010000042171000042173">
-<ide><CFOP>6353</CFOP><mod>57</mod><serie>1</serie><nCT>4217</nCT>
-<dhEmi>2026-03-09T23:50:00-03:00</dhEmi><modal>01</modal><UFIni>PR</UFIni><UFFim>SP</UFFim></ide>
-<compl><xObs>Coleta às 8h</xObs></compl>
-<emit><CNPJ>11222333000181</CNPJ><xNome>Expresso Araucária Ltda</xNome></emit>
-<vPrest><vTPrest>350.00</vTPrest><vRec>340.00</vRec>
-<Comp><xNome>Peso</xNome><vComp>300.00</vComp></Comp>
-<Comp><xNome>Pedágio</xNome><vComp>45.50</vComp></Comp></vPrest>
-<imp><ICMS><ICMS00><CST>00</CST><vBC>350.00</vBC><pICMS>12.00</pICMS><vICMS>42.00</vICMS></ICMS00></ICMS>
-<ICMSUFFim><vICMSUFFim>3.50</vICMSUFFim><vICMSUFIni>1.25</vICMSUFIni></ICMSUFFim></imp>
-<infCTeNorm><infDoc>
-<infNFe><chave>35260344555666000172550020000091541000091545</chave></infNFe>
-<infNF><mod>01</mod><serie>3</serie><nDoc>12345678901234567890</nDoc><dEmi>2026-03-05</dEmi>
-<vProd>900.00</vProd><vNF>950.00</vNF><nPeso>12.500</nPeso></infNF>
-<infOutros><nDoc>77</nDoc><dEmi>2026-03-06</dEmi><vDocFisc>10.00</vDocFisc></infOutros>
-</infDoc>
-<cobr><fat><vDesc>10.00</vDesc><vLiq>340.00</vLiq></fat>
-<dup><nDup>001</nDup><dVenc>2026-04-08</dVenc><vDup>340.00</vDup></dup></cobr>
-<infCteSub><chCte>41260111222333000181570010000041001000041002</chCte></infCteSub>
-</infCTeNorm></infCte></CTe></cteProc>)";
+const std::string kNormal = LeArquivo(KX_RAIZ "/tests/dados/conhecimento.xml");
 
 const std::string kSimplificado =
     R"(<CTeSimp><infCte Id="CTe41260311222333000181570010000042171000042173">
@@ -108,6 +87,34 @@ TEST_F(FerramentaTeste, ConhecimentoSimplificado) {
         "ValorICMSSubtituicao: 0,36", "  RegNFe: 35260344555666000172550020000091551000091550"}) {
     EXPECT_TRUE(Contem(e.Saida, std::string("    ") + linha + "\n")) << linha << '\n' << e.Saida;
   }
+}
+
+TEST_F(FerramentaTeste, ConhecimentoDeOutrosServicos) {
+  std::string servico = Troca(kNormal, "<CTe>", "<CTeOS>");
+  servico = Troca(servico, "</CTe>", "</CTeOS>");
+  servico = Troca(servico, "41260311222333000181570010000042171000042173",
+                  "41260311222333000181670010000042171000042176");
+  servico = Troca(servico, "<mod>57<", "<mod>67<");
+  servico = Troca(servico, "</ICMSUFFim>",
+                  "</ICMSUFFim><infTribFed><vPIS>1.00</vPIS><vCOFINS>2.00</vCOFINS><vIR>3.00</vIR>"
+                  "<vINSS>4.00</vINSS><vCSLL>5.00</vCSLL></infTribFed>");
+  servico = Troca(servico, "</infDoc>",
+                  "</infDoc><infModal versaoModal=\"4.00\"><rodoOS><veic><placa>ABC1D23</placa>"
+                  "<UF>SC</UF></veic></rodoOS></infModal>");
+  const Execucao e = Executa({"importa", "--campos", "-"}, servico);
+  EXPECT_EQ(e.Status, 0) << e.Erros;
+  for (const char* linha : {"ValorTotalCTe: 350,00", "ValorPISCTe: 1,00", "ValorCOFINSCTe: 2,00",
+                            "ValorIRRFPJCTe: 3,00", "ValorINSSCTe: 4,00", "ValorCSLLCTe: 5,00",
+                            "PlacaVeiculo1: ABC1D23", "Estado1: SC"}) {
+    EXPECT_TRUE(Contem(e.Saida, std::string("\n    ") + linha + "\n")) << linha << '\n' << e.Saida;
+  }
+}
+
+TEST_F(FerramentaTeste, ParcelaSoComOVencimento) {
+  const std::string semNumero = Troca(kNormal, "<nDup>001</nDup>", "");
+  const Execucao e = Executa({"importa", "-"}, Troca(semNumero, "<vDup>340.00</vDup>", ""));
+  EXPECT_EQ(e.Status, 0) << e.Erros;
+  EXPECT_TRUE(Contem(e.Saida, "3 notas transportadas, 1 parcela\n"));
 }
 
 TEST_F(FerramentaTeste, ErrosDoConhecimento) {

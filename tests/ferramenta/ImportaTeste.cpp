@@ -72,6 +72,12 @@ std::vector<CasoDeErro> CasosDeErro() {
        "total/ICMSTot/vNF: valor além do campo monetário"},
       {"volumes", com("<qVol>9<", "<qVol>123456789012345<"),
        "transp/vol/qVol: valor além do campo, que vai até 4294967295"},
+      {"pesos",
+       com("</vol>",
+           "</vol><vol><pesoL>-922337203685477.5808</pesoL></vol>"
+           "<vol><pesoL>-999</pesoL></vol>"),
+       "transp/vol[3]/pesoL: a soma dos volumes não cabe no campo"},
+      {"item", com("nItem=\"2\"", "nItem=\"4294967296\""), "det[2]/@nItem: valor além do campo"},
       {"data", com("<dVenc>2026-05-08<", "<dVenc>2026-02-29<"),
        "cobr/dup[2]/dVenc: data que não existe: \"2026-02-29\""},
       {"emissao", com("<dhEmi>2026-03-09T", "<dhEmi>2026-13-09T"),
@@ -196,6 +202,10 @@ TEST_F(FerramentaTeste, ContaOQueDifereEOQueNaoCoube) {
   // A width that is exactly met loses its last character.
   const std::string justa = Troca(NotaDeExemplo(kSimples), "CAIXA DE ISOPOR", "ISOPOR 10L");
   EXPECT_TRUE(Contem(Executa({"importa", "-"}, justa).Saida, "tem 10 caracteres, couberam 9\n"));
+  // Without installments there is nothing to hold against the net value.
+  const std::string aVista =
+      std::regex_replace(NotaDeExemplo(kAtacado), std::regex("<dup>[^]*</dup>"), "");
+  EXPECT_FALSE(Contem(Executa({"importa", "-"}, aVista).Saida, "vLiq"));
   // Typographic characters are replaced, others become '?'.
   const std::string aspas =
       Troca(NotaDeExemplo(kAtacado), "Reclamações", "“Avise” – até 10 € … ≥ 日");

@@ -1,5 +1,6 @@
 #include "KXMensFalsa.h"
 
+#include <mutex>
 #include <stdexcept>
 
 #define EXPORTA extern "C" __attribute__((visibility("default")))
@@ -10,6 +11,9 @@ KXMensEstado KXMensFalsaEstado;
 EXPORTA void KXTrataErroExported(std::int32_t codigo, std::int32_t largura, std::int32_t tamanho,
                                  const char* texto, const char* fonte, std::int32_t linha,
                                  bool sinal, void* reservado, const char* modulo, void* opcional) {
+  static std::mutex tranca;  // reports come from any thread
+  const std::lock_guard guarda(tranca);
+  if (KXMensFalsaEstado.Descarta) return;
   const bool nulos = reservado == nullptr && opcional == nullptr;
   KXMensFalsaEstado.Relatos.push_back(
       {codigo, largura, tamanho, texto, fonte, linha, sinal, nulos, modulo});

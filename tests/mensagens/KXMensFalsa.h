@@ -18,7 +18,8 @@ struct KXMensRelato {
 
 struct KXMensEstado {
   std::vector<KXMensRelato> Relatos;
-  bool Lanca = false;  // the entry throws after it has kept the report
+  bool Lanca = false;     // the entry throws after it has kept the report
+  bool Descarta = false;  // it keeps none, and so takes no memory
 };
 
 // Keeps the message library loaded, so that its reports outlive each load and unload.

@@ -4,21 +4,21 @@
 
 #include <algorithm>
 #include <chrono>
-#include <list>
-#include <map>
 #include <random>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "ac/DadosAC.h"
+#include "tests/apoio/FlorestaPlana.h"
 
 namespace {
 
 using Arvore = CKXDadosCM_ACTreeAutorizacaoCompra;
 using Regra = CKXDadosCM_ACAutorizacaoCompra;
-using Chaves = tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS;
+using Chaves = apoio::ChavesAC;
 using Registros = std::vector<Chaves>;
+using apoio::TextoDaFloresta;
 
 Arvore Monta(const Registros& registros) {
   Arvore::ListaDeChaves lista;
@@ -27,71 +27,6 @@ Arvore Monta(const Registros& registros) {
   EXPECT_EQ(&raiz.CopiarDe(lista), &raiz);
   return raiz;
 }
-
-// "chave<nivel anterior" of each child, its own children in parentheses.
-std::string Texto(const Arvore& node) {
-  std::string texto;
-  for (POSITION p = node.GetExNodes().GetHeadPosition(); p != nullptr;) {
-    const Arvore& filho = node.GetExNodes().GetNext(p);
-    texto += std::to_string(filho.GetrACSmall().ChaveEste) + "<" +
-             std::to_string(filho.GetrACSmall().ChaveNivelAnterior);
-    if (filho.GetQuantidadeNodes() > 0) texto += "(" + Texto(filho) + ")";
-    if (p != nullptr) texto += " ";
-  }
-  return texto;
-}
-
-// The rules of the build, one by one, at their own price.
-struct Plano {
-  Chaves Registro{};
-  std::list<Plano> Filhos;
-
-  Plano* Adiciona(const Chaves& novo) {
-    for (Plano& filho : Filhos) {
-      if (filho.Registro.ChaveEste == novo.ChaveNivelAnterior) {
-        return &filho.Filhos.emplace_back(Plano{novo, {}});
-      }
-      if (Plano* const achado = filho.Adiciona(novo)) return achado;
-    }
-    return nullptr;
-  }
-
-  void Monta(const Registros& registros) {
-    std::map<std::uint32_t, Plano*> indice;
-    std::list<Chaves> pendentes;
-    for (const Chaves& chaves : registros) {
-      if (chaves.ChaveNivelAnterior == 0) {
-        indice[chaves.ChaveEste] = &Filhos.emplace_back(Plano{chaves, {}});
-      } else {
-        pendentes.push_back(chaves);
-      }
-    }
-    for (auto p = pendentes.begin(); p != pendentes.end();) {
-      const auto pai = indice.find(p->ChaveNivelAnterior);
-      if (pai != indice.end()) {
-        pai->second->Filhos.push_back(Plano{*p, {}});
-      } else if (Plano* const novo = Adiciona(*p)) {
-        indice[p->ChaveEste] = novo;
-      } else {
-        ++p;
-        continue;
-      }
-      pendentes.erase(p);
-      p = pendentes.begin();
-    }
-  }
-
-  std::string Texto() const {
-    std::string texto;
-    for (const Plano& filho : Filhos) {
-      if (!texto.empty()) texto += " ";
-      texto += std::to_string(filho.Registro.ChaveEste) + "<" +
-               std::to_string(filho.Registro.ChaveNivelAnterior);
-      if (!filho.Filhos.empty()) texto += "(" + filho.Texto() + ")";
-    }
-    return texto;
-  }
-};
 
 // Few keys for many records: duplicates, records that are their own parent, cycles and orphans all
 // come up. Now and then the keys are large and all different.
@@ -121,9 +56,9 @@ TEST(ArvoreMontagem, IgualATranscricaoDasRegras) {
   std::mt19937 acaso(20260101);
   for (int i = 0; i < 20000; ++i) {
     const Registros registros = FlorestaAoAcaso(acaso);
-    Plano plano;
+    apoio::FlorestaPlana plano;
     plano.Monta(registros);
-    ASSERT_EQ(Texto(Monta(registros)), plano.Texto()) << "floresta " << i;
+    ASSERT_EQ(TextoDaFloresta(Monta(registros)), plano.Texto()) << "floresta " << i;
   }
 }
 
@@ -138,17 +73,17 @@ TEST(ArvoreMontagem, IgualATranscricaoEmFlorestasFundasComRepetidas) {
       registros.push_back({chave, j < 3 ? 0 : registros[j - 1 - acaso() % 3].ChaveEste});
     }
     if (i % 3 > 0) std::shuffle(registros.begin() + (i % 3 - 1) * 50, registros.end(), acaso);
-    Plano plano;
+    apoio::FlorestaPlana plano;
     plano.Monta(registros);
-    ASSERT_EQ(Texto(Monta(registros)), plano.Texto()) << "floresta " << i;
+    ASSERT_EQ(TextoDaFloresta(Monta(registros)), plano.Texto()) << "floresta " << i;
   }
 }
 
 TEST(ArvoreMontagem, OsDoTopoNaOrdemEOsFilhosQuandoPodem) {
-  EXPECT_EQ(Texto(Monta({{3, 2}, {2, 1}, {1, 0}, {4, 1}})), "1<0(2<1(3<2) 4<1)");
-  EXPECT_EQ(Texto(Monta({{5, 5}, {6, 7}, {7, 6}, {8, 9}})), "");
+  EXPECT_EQ(TextoDaFloresta(Monta({{3, 2}, {2, 1}, {1, 0}, {4, 1}})), "1<0(2<1(3<2) 4<1)");
+  EXPECT_EQ(TextoDaFloresta(Monta({{5, 5}, {6, 7}, {7, 6}, {8, 9}})), "");
   // The last record of the top takes the children that come by the index.
-  EXPECT_EQ(Texto(Monta({{1, 0}, {1, 0}, {2, 1}})), "1<0 1<0(2<1)");
+  EXPECT_EQ(TextoDaFloresta(Monta({{1, 0}, {1, 0}, {2, 1}})), "1<0 1<0(2<1)");
   EXPECT_EQ(Monta({{1, 0}, {2, 1}, {3, 2}}).GetQuantidadeNodes(), 1);
 }
 
@@ -170,7 +105,7 @@ TEST(ArvoreMontagem, DaListaDeRegrasCadaNodeTemASua) {
   const tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{3, {}, regras};
   Arvore raiz;
   raiz.CopiarDe(&lista);
-  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2))");
+  EXPECT_EQ(TextoDaFloresta(raiz), "1<0(2<1(3<2))");
   const Arvore& um = raiz.GetExNodes().GetAt(raiz.GetExNodes().GetHeadPosition());
   const Arvore& dois = um.GetExNodes().GetAt(um.GetExNodes().GetHeadPosition());
   EXPECT_EQ(dois.GetQuantidadeAC(), 1);
@@ -196,7 +131,7 @@ TEST(ArvoreAdicionaNode, AbaixoDoPrimeiroEmPreOrdemMasNaoDaRaiz) {
   regra.ChaveEste = 4;
   regra.ChaveNivelAnterior = 3;
   EXPECT_EQ(raiz.AdicionaNode(&regra)->GetQuantidadeAC(), 1);
-  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2(4<3))) 2<0");
+  EXPECT_EQ(TextoDaFloresta(raiz), "1<0(2<1(3<2(4<3))) 2<0");
 }
 
 // Items for the nodes of a tree, in pre-order; 0 leaves a node without one.
@@ -282,7 +217,7 @@ TEST(ArvoreCopia, EhFundaELevaItensERegras) {
   Filho(Filho(raiz, 0), 1).SethTI(nullptr);
   EXPECT_TRUE(copia != raiz);
   Filho(raiz, 0).RemoveTodosNodes();
-  EXPECT_EQ(Texto(raiz), "1<0");
+  EXPECT_EQ(TextoDaFloresta(raiz), "1<0");
   Arvore movida(std::move(raiz));
   movida = Arvore(copia);
   EXPECT_TRUE(movida == copia);
@@ -291,12 +226,12 @@ TEST(ArvoreCopia, EhFundaELevaItensERegras) {
 TEST(ArvoreCopia, DeDentroDeSiMesma) {
   Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 2}});
   raiz.AdicionaExNodes(raiz);
-  EXPECT_EQ(Texto(raiz), "1<0(2<1(3<2)) 0<0(1<0(2<1(3<2)))");
+  EXPECT_EQ(TextoDaFloresta(raiz), "1<0(2<1(3<2)) 0<0(1<0(2<1(3<2)))");
   raiz = Filho(raiz, 0);
-  EXPECT_EQ(Texto(raiz), "2<1(3<2)");
+  EXPECT_EQ(TextoDaFloresta(raiz), "2<1(3<2)");
   raiz = std::move(Filho(raiz, 0));
   EXPECT_EQ(raiz.GetrACSmall().ChaveEste, 2U);
-  EXPECT_EQ(Texto(raiz), "3<2");
+  EXPECT_EQ(TextoDaFloresta(raiz), "3<2");
 }
 
 TEST(ArvoreNodes, EnderecoResisteAosIrmaos) {

@@ -3,10 +3,13 @@
 
 #include <cstring>
 
+#include "compras/KXDadosCompras.h"
 #include "core/DadosRegistro.h"
 #include "core/Rateio.h"
 #include "core/Situacao.h"
 #include "core/TKXCMBaseParaDados.h"
+#include "kxldados/CIEVinculo.h"
+#include "platform/Plataforma.h"
 
 namespace {
 
@@ -147,6 +150,24 @@ TEST(Base, ComplementoHistoricoComparaTresLinhas) {
   EXPECT_FALSE(compara("a\nb", "a\nb\nc"));
   EXPECT_TRUE(compara("\r\n\r\n", ""));
   EXPECT_FALSE(compara("a b", "a\nb"));
+}
+
+TEST(Base, VinculoComparaChaveETipo) {
+  const CIEVinculo vinculo = CIEVinculo().SetChave({{1, 2, 2026}, 3}).SetTipo(4);
+  EXPECT_TRUE(vinculo == CIEVinculo(vinculo));
+  EXPECT_TRUE(vinculo != CIEVinculo(vinculo).SetChave({}));
+  EXPECT_TRUE(vinculo != CIEVinculo(vinculo).SetTipo(0));
+}
+
+TEST(Base, MensagensDeJanelaEZeroDaPartida) {
+  using kx::plataforma::RegistraMensagemJanela;
+  EXPECT_EQ(KXDadosComprasMensagemUltimaTab(),
+            RegistraMensagemJanela("CKXEnter::WM_KXENTER_EH_ULTIMA_TAB"));
+  EXPECT_EQ(KXDadosComprasMensagemPodeSetarFocoTab(),
+            RegistraMensagemJanela("CKXEnter::WM_KXENTER_PODE_SETAR_FOCO_TAB"));
+  EXPECT_EQ(KXDadosComprasZero(), CY{0});
+  EXPECT_EQ(KXProcuraRegistro("tagREG_ENTRADAPS")->Tamanho, 1368U);
+  EXPECT_EQ(KXProcuraRegistro("tagREG_ENTRADA"), nullptr);
 }
 
 TEST(Base, TextosConstantes) {

@@ -11,6 +11,7 @@ using kx::ErroChave;
 namespace {
 
 constexpr const char* kNumerica = "51160624686092000173570010000000031000000020";
+constexpr const char* kRestoUm = "51160624686092000173570010000000031000000080";
 constexpr const char* kAlfanumerica = "35260312ABC34501DE35550010001234561987654327";
 
 // Of a text that must be refused.
@@ -26,8 +27,8 @@ ErroChave Erro(std::string_view texto) {
 TEST(ChaveNFe, IdaEVoltaSemPerda) {
   const std::string zeros(44, '0');
   const std::string extremos = "999999ZZZZZZZZZZZZ99999999999999999999999997";
-  for (const std::string& texto :
-       {std::string(kNumerica), std::string(kAlfanumerica), zeros, extremos}) {
+  for (const std::string& texto : {std::string(kNumerica), std::string(kRestoUm),
+                                   std::string(kAlfanumerica), zeros, extremos}) {
     _KX_NFE_ps chave{};
     ASSERT_EQ(kx::ChaveDeTexto(texto, chave), ErroChave::Nenhum) << texto;
     EXPECT_FALSE(kx::ChaveVazia(chave)) << texto;

@@ -80,6 +80,9 @@ TEST(ConsisteRetorno, Igualdade) {
   EXPECT_NE(base, CKXDadosCM_ConsisteRetorno(eConsisteCM::Erro, 2, true));
   EXPECT_NE(base, CKXDadosCM_ConsisteRetorno(eConsisteCM::Erro, 1, false));
   EXPECT_NE(base, CKXDadosCM_ConsisteRetorno(eConsisteCM::Erro, 1, KXModulo::Nenhum, true));
+  CKXDadosCM_ConsisteRetorno deOutroModulo = base;
+  deOutroModulo.SeteModuloCodigoKXMensagem(KXModulo::Nenhum);
+  EXPECT_NE(base, deOutroModulo);
   EXPECT_FALSE(base.Igual(nullptr));
   const TKXBaseParaDados deOutraClasse;
   EXPECT_FALSE(CKXDadosCM_ConsisteRetorno().Igual(&deOutraClasse));
@@ -101,21 +104,12 @@ TEST(ConsisteRetorno, RotulosDosCamposPersonalizados) {
   EXPECT_EQ(Mensagem(5), "Contato deve ser informado.");
   EXPECT_EQ(Rotulo(9), "CFOP");
   EXPECT_EQ(Rotulo(11), "Hist\xF3rico");
-  EXPECT_EQ(Rotulo(58),
-            "C\xF3"
-            "digo");
   EXPECT_EQ(Rotulo(105), "Data Entrega");
-  EXPECT_EQ(Rotulo(264),
-            "Nome da M\xE3"
-            "e");
   EXPECT_EQ(Rotulo(300),
             "C\xF3"
             "digo D\xE9"
             "bito Autom\xE1tico");
   EXPECT_EQ(Rotulo(411), "Tabela de Pre\xE7os (Servi\xE7o)");
-  EXPECT_EQ(Rotulo(447),
-            "Pra\xE7"
-            "a Pgto");
   EXPECT_EQ(Rotulo(515), "Fun\xE7\xE3o");
   EXPECT_EQ(Rotulo(516), "E-mail");
 }

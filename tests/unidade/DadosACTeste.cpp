@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "ac/DadosAC.h"
+#include "tests/apoio/Igualdade.h"
 
 namespace {
 
@@ -25,12 +26,18 @@ TEST(RegraAprovacao, MarcasEChavePropriaNaoContam) {
   Regra a;
   a.SetCodigo("DIR").AdicionaUsuarios_AND(Grupo().AdicionaUsuarios_OR(Usuario().SetUsuario(7)));
   Regra b = a;
-  b.SetChaveEste(1).SetChaveProximoHistorico(2).SetExcluido(1);
-  b.SetDataUltimaAlteracao({{1, 2, 2026}, {3, 4, 5, 0}});
-  b.SetPonteiroUsuarioInclusao(3).SetPonteiroUsuarioAlteracao(4);
+  b.SetChaveEste(1).SetExcluido(1);
   EXPECT_TRUE(a == b);
   b.GetRefUsuarios_AND(0).GetRefUsuarios_OR(0).SetUsuario(8);
   EXPECT_FALSE(a == b);
+
+  using apoio::ForaDaIgualdade;
+  using apoio::Nomes;
+  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_CMSAUTPS>(),
+            (Nomes{"DataUltimaAlteracao", "ChaveEste", "ChaveProximoHistorico",
+                   "PonteiroUsuarioInclusao", "PonteiroUsuarioAlteracao", "Excluido"}));
+  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS>(), Nomes{});
+  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>(), Nomes{});
 }
 
 TEST(RegraAprovacao, PosicaoDoProdutoEmUmValor) {

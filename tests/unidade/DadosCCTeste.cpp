@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cc/DadosCC.h"
+#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -170,13 +171,20 @@ TEST(Contrato, DescricoesDeAditivoEEtapaViajam) {
 }
 
 TEST(Contrato, MarcasDeAuditoriaNaoContam) {
-  const Contrato a;
-  Contrato b;
-  b.SetRegDataHoraAlteracao({{1, 2, 2026}, {3, 4, 5, 0}}).SetPonteiroUsuarioAlteracao(1);
-  b.SetPonteiroUsuarioInclusao(2).SetExcluido(1).SetEmailVencimentoEnviado(1);
-  EXPECT_TRUE(a == b);
-  EXPECT_FALSE(a == Contrato().SetRegistroGravadoSemIntegracao(1));
-  EXPECT_FALSE(a == Contrato().SetObservacao("x"));
+  using apoio::ForaDaIgualdade;
+  using apoio::Nomes;
+  EXPECT_EQ(ForaDaIgualdade<tagREG_CONTRATO_COMPRAPS>(),
+            (Nomes{"RegDataHoraAlteracao", "PonteiroUsuarioAlteracao", "PonteiroUsuarioInclusao",
+                   "Excluido", "EmailVencimentoEnviado"}));
+  for (const Nomes& fora : {ForaDaIgualdade<tagREG_CONTRATO_COMPRA_ADITIVOPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_REAJUSTEPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_NOTA_FISCALPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_EXECUCAOPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_PARCELAPS>(),
+                            ForaDaIgualdade<tagREG_CONTRATO_COMPRA_USUARIOPS>()}) {
+    EXPECT_EQ(fora, Nomes{});
+  }
   EXPECT_FALSE(Classificacao() == Classificacao().SetValorRateio(CY{1}));
   EXPECT_FALSE(Parcela() == Parcela().SetValorJuros(CY{1}));
 }

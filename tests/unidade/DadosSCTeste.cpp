@@ -109,4 +109,14 @@ TEST(SolicitacaoFornecedor, IdentidadeNaoEIgualdade) {
   EXPECT_FALSE(Fornecedor::CompareElements(a, b));
 }
 
+// Its size has 16 bits and counts the terminator.
+TEST(SolicitacaoFornecedor, TextoLongoViajaAteOndeOTamanhoConta) {
+  Fornecedor fornecedor;
+  fornecedor.SetObservacao(TextoDe(65'535));
+  apoio::RegistroEscrito<tagREG_SOLICITACAO_COMPRA_FORNECEDORPS> escrito;
+  fornecedor.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(escrito.Reg.TamanhoObservacao, 65'535);
+  EXPECT_EQ(std::strlen(escrito.Reg.TextoObservacao), 65'534U);
+}
+
 }  // namespace

@@ -41,13 +41,6 @@ Entrada EntradaComItens() {
   return entrada;
 }
 
-TEST(Entrada, VaziaDaContasZeroEPonteirosNulos) {
-  apoio::RegistroEscrito<tagREG_ENTRADAPS> escrito;
-  Entrada().CopiarPara(&escrito.Reg);
-  const tagREG_ENTRADAPS zero{};
-  EXPECT_EQ(std::memcmp(&escrito.Reg, &zero, sizeof(zero)), 0);
-}
-
 TEST(Entrada, ObservacaoECortadaSoNoRegistro) {
   Entrada entrada;
   entrada.SetObservacaoGeral(CString(std::string_view(std::string(7001, 'o'))));
@@ -109,6 +102,8 @@ TEST(Entrada, CondicaoDePagamentoViajaNoRegistro) {
   EXPECT_EQ(volta.GetCondicaoPagamento().GetNumeroParcelas(), 1);
   volta.GetCondicaoPagamento().SetPonteiroTipoCobranca(7);
   EXPECT_FALSE(volta == entrada);
+  volta.GetCondicaoPagamento().Limpar();
+  EXPECT_TRUE(volta.EstaVazio());
 }
 
 TEST(Entrada, ChecksumEhDoRegistroSozinho) {
@@ -154,6 +149,9 @@ TEST(Entrada, Somas) {
                                         &RateioProduto::GetNEWValor)),
             2 + 20 + 400);
   EXPECT_EQ(valor(Entrada::GetSomaSuper(Produto(), nullptr, &Totais::GetValorFrete, nullptr)), 0);
+  Produto deUmTotal;
+  deUmTotal.AdicionaTotais(Totais().SetValorFrete(Dinheiro(8)));
+  EXPECT_EQ(valor(Entrada::GetSomaSuper(deUmTotal, nullptr, &Totais::GetValorFrete, nullptr)), 8);
   EXPECT_EQ(valor(Entrada::GetSomaSuper(entrada, &Produto::GetValorTotal, &Totais::GetValorFrete,
                                         &RateioProduto::GetNEWValor, &Servico::GetValorTotal,
                                         &RateioServico::GetNEWValor)),
@@ -299,7 +297,7 @@ TEST(Composicao, FormaDoEstoqueTemZeroNoResto) {
       EXPECT_EQ(reinterpret_cast<unsigned char*>(&estoque)[campo.Posicao + i], 0) << campo.Nome;
     }
   }
-  CKXDadosCM_REComposicao volta;
+  CKXDadosCM_REComposicao volta = linha;
   volta.CopiarDe(&estoque);
   _REG_ITEM_ENTRADA_COMPOSICAOPS semReserva = aleatorio.Reg;
   std::memset(semReserva.Reserva_99, 0, sizeof(semReserva.Reserva_99));

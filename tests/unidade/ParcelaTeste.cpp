@@ -57,6 +57,7 @@ TYPED_TEST(ParcelaEmCadaRegistro, VencimentoEValorPassamDeUmRegistroAoOutro) {
   EXPECT_EQ(lida.GetNumeroDias(), 30U);
   EXPECT_EQ(lida.GetPonteiroTipoVencimento(), 2);
   EXPECT_EQ(lida.GetPonteiroFormaPagamento(), 3);
+  EXPECT_EQ(lida.GetValorDigitado(), 1);
 
   tagREG_FATURA_COMPRAPS compra;
   std::memset(&compra, 0xFF, sizeof(compra));
@@ -94,6 +95,15 @@ TEST(Parcela, RegistroDoConhecimento) {
   EXPECT_EQ(registro.QtdItemImposto, 0);
   Parcela::ZerarDelete(&registro);
   Parcela::ZerarGlobalAlloc(&registro);
+}
+
+TEST(Parcela, OQueVeioAoLadoDaDataValeSoParaEla) {
+  tagREG_FATURA_CONHECIMENTOPS registro{};
+  registro.DataHoraVencimento = {{15, 3, 2026}, {7}};
+  Parcela parcela;
+  parcela.CopiarDe(&registro);
+  parcela.SetRegDataVencimento({16, 3, 2026}).CopiarPara(&registro);
+  EXPECT_EQ(registro.DataHoraVencimento, (KXDataHora32{{16, 3, 2026}, {}}));
 }
 
 TEST(Parcela, LiberacaoNaoDesceAosImpostos) {

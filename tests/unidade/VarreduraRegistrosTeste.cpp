@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "tests/apoio/ClassesDeRegistro.h"
@@ -79,7 +80,10 @@ TYPED_TEST(VarreduraRegistros, LimparEOrigemNulaDeixamVazio) {
   EXPECT_TRUE(objeto.EstaVazio());
   EXPECT_TRUE(objeto == TypeParam());
 
-  objeto.CopiarDe(&original.Reg);
+  if constexpr (std::is_base_of_v<TKXCMBaseParaDados, TypeParam>) {
+    objeto.SetLinhaArquivoImportacao(5);
+    EXPECT_EQ(objeto.CopiarDe(&original.Reg).GetLinhaArquivoImportacao(), 0);
+  }
   objeto.CopiarDe(static_cast<const REG*>(nullptr));
   EXPECT_TRUE(objeto.EstaVazio());
   apoio::RegistroEscrito<REG> escrito;
@@ -133,8 +137,8 @@ TYPED_TEST(VarreduraRegistros, IgualdadeVeFilhosETextos) {
   }
 }
 
-// What equality does not see is copied, moved and cleared all the same. `partes` gives the values
-// of such parts, all of them set in the object.
+// What equality does not see, or no record carries, is copied, moved and cleared all the same.
+// `partes` gives the values of such parts, all of them set in the object.
 template <class Classe, class Partes>
 void ConferePartes(const Classe& cheio, Partes partes) {
   Classe copia(cheio);
@@ -155,7 +159,7 @@ void ConferePartes(const Classe& cheio, Partes partes) {
   EXPECT_EQ(partes(destino), partes(Classe()));
 }
 
-TEST(VarreduraPartes, OQueAIgualdadeNaoVe) {
+TEST(VarreduraPartes, OQueAIgualdadeNaoVeOuNaoViaja) {
   const CIEVinculo vinculo = CIEVinculo().SetTipo(3);
   const CKXDadosCM_CancelamentoOrdemCompra cancelamento;
   ConferePartes(CKXDadosCM_OrdemCompra().SetVinculo(vinculo).AdicionaLogs("a").AdicionaCancelamento(
@@ -189,6 +193,16 @@ TEST(VarreduraPartes, OQueAIgualdadeNaoVe) {
                 [](const CKXDadosCM_REItemAssociacaoREOC& i) {
                   return std::tuple(i.GetCancelarItem(), i.GetEhIncluirTodos());
                 });
+  ConferePartes(CKXDadosCM_CTConhecimentoTransporte().SetVinculo(vinculo).AdicionaLogs("a"),
+                [](const CKXDadosCM_CTConhecimentoTransporte& c) {
+                  return std::tuple(c.GetVinculo().GetTipo(), c.GetQuantidadeLogs());
+                });
+  ConferePartes(CKXDadosCM_CCContrato().SetVinculo(vinculo),
+                [](const CKXDadosCM_CCContrato& c) { return c.GetVinculo().GetTipo(); });
+  ConferePartes(CKXDadosCM_CCClassificacao().SetValorRateio(CY{1}),
+                [](const CKXDadosCM_CCClassificacao& c) { return c.GetValorRateio().int64; });
+  ConferePartes(CKXDadosCM_CCParcela().SetValorJuros(CY{1}),
+                [](const CKXDadosCM_CCParcela& p) { return p.GetValorJuros().int64; });
 }
 
 // A text whose bytes after the terminator are not zero, as a careless sender leaves them.
@@ -233,6 +247,7 @@ TYPED_TEST(VarreduraRegistros, ClasseDeExecucao) {
   EXPECT_EQ(objeto.GetRuntimeClass(), TypeParam::GetThisClass());
   EXPECT_TRUE(objeto.IsKindOf(TKXBaseParaDados::GetThisClass()));
   EXPECT_TRUE(objeto.IsKindOf(CObject::GetThisClass()));
+  EXPECT_FALSE(objeto.IsKindOf(CIEVinculo::GetThisClass()));
   EXPECT_EQ(TypeParam::GetThisClass()->m_nObjectSize, sizeof(TypeParam));
 }
 

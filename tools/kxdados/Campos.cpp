@@ -40,14 +40,18 @@ bool Vazio(const Lugar& lugar) {
                      [](unsigned char byte) { return byte == 0; });
 }
 
-// The 16-bit count or size that belongs to a pointer: QtdX to ListaX, TamanhoX to TextoX.
-std::uint16_t Quantidade(const Lugar& lugar) {
+// The count or size that belongs to a pointer: QtdX to ListaX, TamanhoX to TextoX. It has 16 bits,
+// but in the list of approval rules, where it has 32 and a sign.
+std::size_t Quantidade(const Lugar& lugar) {
   const bool lista = lugar.Campo.Papel == KXPapel::Lista;
   const std::string_view proprio(lugar.Campo.Nome +
                                  std::string_view(lista ? "Lista" : "Texto").size());
   const std::string nome = std::string(lista ? "Qtd" : "Tamanho").append(proprio);
   for (const KXCampo& campo : lugar.Info.Campos) {
-    if (nome == campo.Nome) return Le<std::uint16_t>(lugar.Registro + campo.Posicao);
+    if (nome != campo.Nome) continue;
+    const unsigned char* bytes = lugar.Registro + campo.Posicao;
+    if (campo.Tipo == KXTipoCampo::SemSinal16) return Le<std::uint16_t>(bytes);
+    return static_cast<std::size_t>(std::max(Le<std::int32_t>(bytes), 0));
   }
   return 0;
 }
@@ -60,9 +64,9 @@ std::string_view TextoDeFora(const Lugar& lugar) {
   }
   if (lugar.Campo.Papel == KXPapel::Corrido) {
     const auto* texto = Le<const char*>(lugar.Bytes());
-    const std::uint16_t tamanho = Quantidade(lugar);
+    const std::size_t tamanho = Quantidade(lugar);
     return texto == nullptr || tamanho == 0 ? std::string_view()
-                                            : std::string_view(texto, tamanho - std::size_t{1});
+                                            : std::string_view(texto, tamanho - 1);
   }
   const auto texto = Le<KXStringPS>(lugar.Bytes());
   return texto.Texto == nullptr || texto.Tamanho == 0
@@ -75,7 +79,8 @@ template <class Visita>
 void PercorreLista(const Lugar& lugar, Visita visita) {
   const auto* elementos = Le<const unsigned char*>(lugar.Bytes());
   if (elementos == nullptr) return;
-  for (std::size_t i = 0; i < Quantidade(lugar); ++i) {
+  const std::size_t quantos = Quantidade(lugar);
+  for (std::size_t i = 0; i < quantos; ++i) {
     visita(i, elementos + i * lugar.Campo.Elemento->Tamanho);
   }
 }

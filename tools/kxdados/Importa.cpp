@@ -74,6 +74,9 @@ constexpr std::array kOpcoes = {
     OpcaoChave{"--municipio", "município", kMaximo16,
                PoeChave<Entrada, &Entrada::SetPonteiroMunicipio, u16>,
                PoeChave<Transporte, &Transporte::SetPonteiroMunicipio, u16>},
+    OpcaoChave{"--municipio-destino", "município de destino", kMaximo16,
+               PoeChave<Entrada, &Entrada::SetPonteiroMunicipioDestino, u16>,
+               PoeChave<Transporte, &Transporte::SetPonteiroMunicipioDestino, u16>},
     OpcaoChave{"--condicao-pagamento", "condição de pagamento", kMaximo16,
                PoeNaCondicao<Entrada, &Condicao::SetPonteiroCondicaoPagamento, u16>,
                PoeNaCondicao<Transporte, &Condicao::SetPonteiroCondicaoPagamento, u16>},
@@ -85,11 +88,11 @@ constexpr std::array kOpcoes = {
                PoeChave<Entrada, &Entrada::SetNSU, std::uint64_t>, nullptr},
 };
 
-// The elements NFe, CTe and CTeSimp at most `niveis` below `no`: by themselves, with their
-// protocol (nfeProc, cteProc, cteSimpProc) or in a batch (enviNFe, enviCTe).
+// The elements NFe, CTe, CTeSimp and CTeOS at most `niveis` below `no`: by themselves, with their
+// protocol (nfeProc, cteProc, cteSimpProc, cteOSProc) or in a batch (enviNFe, enviCTe).
 void JuntaDocumentos(pugi::xml_node no, int niveis, std::vector<pugi::xml_node>& documentos) {
   const std::string_view nome = NomeLocal(no);
-  if (nome == "NFe" || nome == "CTe" || nome == "CTeSimp") {
+  if (nome == "NFe" || nome == "CTe" || nome == "CTeSimp" || nome == "CTeOS") {
     documentos.push_back(no);
   } else if (niveis > 0) {
     for (const pugi::xml_node filho : no.children()) {
@@ -204,6 +207,7 @@ class Importacao {
   void Relata(const std::string& origem, const auto& documento, const auto& objeto) {
     const Viagem viagem = Viaja(objeto, _opcoes.Campos);
     std::ostringstream relatorio;
+    relatorio.exceptions(std::ios::badbit);  // memory that runs out must not cut the report short
     EscreveRelatorio(relatorio, origem, documento, viagem);
     std::cout << relatorio.str() << '\n';
     for (const Falha& falha : documento.Chaves) Erro(origem, falha);

@@ -44,6 +44,18 @@ constexpr RegraDinheiro<Objeto> kICMSDosEstados[] = {
     {"vICMSUFIni", &Objeto::SetICMSUFRemetente},
 };
 
+// Federal taxes and the vehicle are in the CT-e OS alone.
+constexpr RegraDinheiro<Objeto> kTributosFederais[] = {
+    {"vPIS", &Objeto::SetValorPISCTe},   {"vCOFINS", &Objeto::SetValorCOFINSCTe},
+    {"vCSLL", &Objeto::SetValorCSLLCTe}, {"vINSS", &Objeto::SetValorINSSCTe},
+    {"vIR", &Objeto::SetValorIRRFPJCTe},
+};
+
+constexpr RegraTexto<Objeto> kVeiculo[] = {
+    {"placa", "PlacaVeiculo1", &Objeto::SetPlacaVeiculo1, &Objeto::GetPlacaVeiculo1},
+    {"UF", "Estado1", &Objeto::SetEstado1, &Objeto::GetEstado1},
+};
+
 constexpr RegraTexto<NotaFiscal> kNotaEmPapel[] = {
     {"nDoc", "NumeroNF", &NotaFiscal::SetNumeroNF, &NotaFiscal::GetNumeroNF},
     {"serie", "SerieNF", &NotaFiscal::SetSerieNF, &NotaFiscal::GetSerieNF},
@@ -94,6 +106,7 @@ void ImportaImpostos(No imp, Objeto& objeto) {
   Aplica(kICMS, grupo, objeto);
   ImportaAliquota(grupo, objeto);
   Aplica(kICMSDosEstados, Filho(imp, "ICMSUFFim"), objeto);
+  Aplica(kTributosFederais, Filho(imp, "infTribFed"), objeto);
 }
 
 // Adds the sum of the parts beside the total; without parts there is nothing to compare.
@@ -180,6 +193,7 @@ Conhecimento ImportaCTe(No cte) {
   Aplica(kComplemento, Filho(inf, "compl"), conhecimento.Objeto, conhecimento);
   ImportaPrestacao(inf, conhecimento);
   ImportaImpostos(Filho(inf, "imp"), conhecimento.Objeto);
+  Aplica(kVeiculo, Desce(normal, "infModal/rodoOS/veic"), conhecimento.Objeto, conhecimento);
   ImportaNotas(Filho(normal, "infDoc"), "chave", conhecimento);
   for (const No det : Filhos(inf, "det")) ImportaNotas(det, "chNFe", conhecimento);
   ExigeQueCaiba(conhecimento.Objeto.GetListaNotaFiscal(), "infDoc");

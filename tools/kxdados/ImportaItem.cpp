@@ -184,10 +184,8 @@ void ImportaMedidas(Item& item, No det, No prod, Nota& nota) {
     nota.Avisos.push_back("arredondado: ValorUnitarioV8: " + Caminho(prod, "vUnCom") + " tem " +
                           std::to_string(casas) + " casas decimais, couberam 4");
   }
-  const auto numero = std::string_view(det.attribute("nItem").value());
-  if (!numero.empty() && numero.find_first_not_of("0123456789") == std::string_view::npos) {
-    item.SetIDItem(det.attribute("nItem").as_uint());
-  }
+  item.SetIDItem(static_cast<std::uint32_t>(
+      InteiroDoAtributo(det, "nItem", std::numeric_limits<std::uint32_t>::max())));
 }
 
 template <class Item>
@@ -268,7 +266,8 @@ Estoque LinhaDeArma(No arma, Nota& nota) {
 }
 
 // One line per lot and per firearm; a product with neither has one line with all its quantity.
-// Medicines carried their lot themselves before layout 4.00; their price is that of all lines.
+// Medicines carried their lot themselves before layout 4.00; their price is that of all lines, and
+// so is a vehicle.
 void ImportaEstoque(Produto& item, No prod, Nota& nota) {
   const auto medicamentos = Filhos(prod, "med");
   for (const No lote : Filhos(prod, "rastro")) item.AdicionaEntradaEstoque(LinhaDeLote(lote, nota));
@@ -279,10 +278,10 @@ void ImportaEstoque(Produto& item, No prod, Nota& nota) {
   if (item.GetListaEntradaEstoque().empty()) {
     Estoque linha;
     linha.SetQuantidade(item.GetQuantidade());
-    Aplica(kVeiculo, Filho(prod, "veicProd"), linha, nota);
     item.AdicionaEntradaEstoque(std::move(linha));
   }
   for (Estoque& linha : item.GetListaEntradaEstoque()) {
+    Aplica(kVeiculo, Filho(prod, "veicProd"), linha, nota);
     if (medicamentos.size() == 1) {
       linha.SetLotePrecoTabelado(Dinheiro(medicamentos.front(), "vPMC"));
     }

@@ -204,10 +204,11 @@ void ImportaTotais(No inf, Nota& nota) {
 
 // The sum of a child over the volumes; raises Falha when it does not fit the field.
 CY SomaPeso(const std::vector<No>& volumes, const char* elemento) {
+  using Limites = std::numeric_limits<std::int64_t>;
   std::int64_t soma = 0;
   for (const No volume : volumes) {
     const std::int64_t peso = Dinheiro(volume, elemento).int64;
-    if (peso > 0 && soma > std::numeric_limits<std::int64_t>::max() - peso) {
+    if (peso > 0 ? soma > Limites::max() - peso : soma < Limites::min() - peso) {
       throw Falha(Caminho(volume, elemento), "a soma dos volumes não cabe no campo");
     }
     soma += peso;

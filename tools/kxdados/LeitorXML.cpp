@@ -56,6 +56,23 @@ std::string Aparado(pugi::xml_node pai, std::string_view nome) {
   return std::string(SemBrancos(Valor(Filho(pai, nome))));
 }
 
+// Asks for the place only to name it in a Falha.
+std::uint64_t InteiroDeTexto(std::string_view texto, auto lugar, std::uint64_t maximo) {
+  if (texto.empty()) return 0;
+  std::uint64_t valor = 0;
+  const char* fim = texto.data() + texto.size();
+  const auto lido = std::from_chars(texto.data(), fim, valor);
+  const bool enorme = lido.ec == std::errc::result_out_of_range;
+  if (lido.ptr != fim || (lido.ec != std::errc() && !enorme)) {
+    throw Falha(lugar(), "não é um número inteiro: " + Entre(texto));
+  }
+  if (enorme || valor > maximo) {
+    throw Falha(lugar(),
+                "valor além do campo, que vai até " + std::to_string(maximo) + ": " + Entre(texto));
+  }
+  return valor;
+}
+
 }  // namespace
 
 void AbreXML(std::string_view bytes, pugi::xml_document& documento) {
@@ -155,20 +172,13 @@ REG_KXDMA Data(pugi::xml_node pai, std::string_view nome) {
 }
 
 std::uint64_t Inteiro(pugi::xml_node pai, std::string_view nome, std::uint64_t maximo) {
-  const std::string texto = Aparado(pai, nome);
-  if (texto.empty()) return 0;
-  std::uint64_t valor = 0;
-  const char* fim = texto.data() + texto.size();
-  const auto lido = std::from_chars(texto.data(), fim, valor);
-  const bool enorme = lido.ec == std::errc::result_out_of_range;
-  if (lido.ptr != fim || (lido.ec != std::errc() && !enorme)) {
-    throw Falha(Caminho(pai, nome), "não é um número inteiro: " + Entre(texto));
-  }
-  if (enorme || valor > maximo) {
-    throw Falha(Caminho(pai, nome),
-                "valor além do campo, que vai até " + std::to_string(maximo) + ": " + Entre(texto));
-  }
-  return valor;
+  return InteiroDeTexto(
+      Aparado(pai, nome), [&] { return Caminho(pai, nome); }, maximo);
+}
+
+std::uint64_t InteiroDoAtributo(pugi::xml_node no, const char* nome, std::uint64_t maximo) {
+  const auto lugar = [&] { return Caminho(no) + "/@" + nome; };
+  return InteiroDeTexto(SemBrancos(no.attribute(nome).value()), lugar, maximo);
 }
 
 CString TextoExigido(pugi::xml_node pai, std::string_view nome) {

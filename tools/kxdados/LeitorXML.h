@@ -52,6 +52,8 @@ CString Texto(pugi::xml_node pai, std::string_view nome);
 CY Dinheiro(pugi::xml_node pai, std::string_view nome);
 REG_KXDMA Data(pugi::xml_node pai, std::string_view nome);
 std::uint64_t Inteiro(pugi::xml_node pai, std::string_view nome, std::uint64_t maximo);
+// The same for an attribute of the element itself.
+std::uint64_t InteiroDoAtributo(pugi::xml_node no, const char* nome, std::uint64_t maximo);
 
 // The same for a child that must be there and hold something.
 CString TextoExigido(pugi::xml_node pai, std::string_view nome);

@@ -64,7 +64,7 @@ void ImportaEmitente(No inf, Documento& documento) {
 void ImportaParcelas(No cobr, CKXDadosCM_CondicaoPagamento& condicao, Documento& documento) {
   for (const No dup : Filhos(cobr, "dup")) {
     Parcela parcela;
-    parcela.SetRegDataVencimento(Data(dup, "dVenc")).SetValor(DinheiroExigido(dup, "vDup"));
+    parcela.SetRegDataVencimento(Data(dup, "dVenc")).SetValor(Dinheiro(dup, "vDup"));
     Aplica(kParcela, dup, parcela, documento);
     condicao.AdicionaParcela(std::move(parcela));
   }

@@ -74,7 +74,8 @@ CString TextoDeNumero(int valor);
 // The name of the issuer, element emit.
 void ImportaEmitente(pugi::xml_node inf, Documento& documento);
 
-// The installments, elements dup.
+// The installments, elements dup. Number, due date and value may each be missing, as the layouts of
+// the CT-e allow.
 void ImportaParcelas(pugi::xml_node cobr, CKXDadosCM_CondicaoPagamento& condicao,
                      Documento& documento);
 

@@ -83,6 +83,7 @@ void EscreveTotais(std::ostream& saida, const Nota& nota) {
 
 void EscreveRegistro(std::ostream& saida, const Viagem& viagem) {
   std::ostringstream checksum;
+  checksum.exceptions(std::ios::badbit);
   checksum << std::uppercase << std::hex << std::setfill('0') << std::setw(8) << viagem.Checksum;
   Rotulo(saida, "registro") << viagem.Registro.Bytes << " bytes, em "
                             << Contado(viagem.Registro.Listas, "lista", "listas") << " e "
@@ -120,6 +121,7 @@ Viagem Viaja(const Objeto& objeto, bool comCampos) {
   viagem.Registro = MedeRegistro(info, &ida.Registro);
   if (comCampos) {
     std::ostringstream campos;
+    campos.exceptions(std::ios::badbit);
     EscreveCampos(campos, info, &ida.Registro, 2);
     viagem.Campos = campos.str();
   }

@@ -91,7 +91,9 @@ std::vector<Total> ComparaTotais(const Nota& nota) {
   };
   totais.erase(std::remove_if(totais.begin() + 1, totais.end(), nada), totais.end());
   totais.push_back({"vNF", SomaDaNota(nota), Declarado(nota, "vNF")});
-  if (nota.Declarados.contains("vLiq")) {
+  // An invoice that is paid at once states its net value and has no installments.
+  const bool temParcelas = !nota.Entrada.GetCondicaoPagamento().GetListaParcela().empty();
+  if (temParcelas && nota.Declarados.contains("vLiq")) {
     totais.push_back({"vLiq", SomaDasParcelas(nota), Declarado(nota, "vLiq")});
   }
   return totais;
