@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Each file must fail to compile alone, and its own #error must be the first that is said.
+# usage: sozinhas.sh COMPILER FILE...
+set -euo pipefail
+
+compilador=$1
+shift
+(($#)) || exit 1
+falhas=0
+for arquivo in "$@"; do
+  erro=$("$compilador" -std=c++20 -x c++ -fsyntax-only -I. "$arquivo" 2>&1 |
+    grep -m1 'error:' || true)
+  linha=$(cut -d : -f 2 <<<"$erro")
+  if [[ $erro != "$arquivo":* ]] || ! sed -n "${linha}p" "$arquivo" | grep -q '^#error'; then
+    printf '%s: no #error at its head, but: %s\n' "$arquivo" "${erro:-it compiles}"
+    falhas=1
+  fi
+done
+exit "$falhas"

@@ -1,0 +1,161 @@
+#!/usr/bin/env bash
+# Installs what was built into an empty folder and uses it from there, as a stranger would.
+# usage: CXX=compiler CONSTRUIDO=build-folder LIBDIR=lib instalacao.sh CASE
+set -euo pipefail
+
+FONTE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+readonly FONTE
+readonly CASO=$1 LUGAR=$CONSTRUIDO/instalacao
+readonly RAIZ=$LUGAR/raiz
+readonly USR=$RAIZ/usr
+# Nothing but what the test installs may be found.
+unset LD_LIBRARY_PATH CPATH LIBRARY_PATH CMAKE_PREFIX_PATH PKG_CONFIG_PATH
+
+falha() {
+  printf 'FALHOU: %s\n' "$*" >&2
+  exit 1
+}
+
+# contem TEXT PATTERN MESSAGE
+contem() { grep -qE -- "$2" <<<"$1" || falha "$3: $1"; }
+
+# usa_compartilhada PROGRAM yes|no: whether the program needs the shared library.
+usa_compartilhada() {
+  local usa=no
+  [[ $(readelf -d "$1") == *NEEDED*libkxldadoscm.so.* ]] && usa=yes
+  [[ $usa == "$2" ]] || falha "$1 needs the shared library: $usa, expected $2"
+}
+
+# sem_caminho: nothing that is installed may look for libraries in the build folder.
+sem_caminho() {
+  local caminhos
+  caminhos=$(find "$USR/bin" "$USR/$LIBDIR" -type f \( -name kxdados -o -name '*.so*' \) \
+    -exec readelf -d {} + | grep -E 'RPATH|RUNPATH' || true)
+  [[ -z $caminhos ]] || falha "run path: $caminhos"
+}
+
+# consome PROGRAM: runs the consumer.
+consome() { "$1" || falha "step $? of consumidor.cpp"; }
+
+# consome_cmake PREFIX TARGET: builds and runs the consumer by find_package.
+consome_cmake() {
+  local pasta=$LUGAR/$CASO
+  cmake -S "$FONTE/consumidor" -B "$pasta" -G Ninja -DCMAKE_CXX_COMPILER="$CXX" \
+    -DCMAKE_PREFIX_PATH="$1" -DKX_BIBLIOTECA="$2" -DKX_CABECALHOS="$1/include/kxldadoscm"
+  grep -q "^kxldadoscm_DIR:PATH=$1/" "$pasta/CMakeCache.txt" || falha "another package was found"
+  cmake --build "$pasta"
+  consome "$pasta/consumidor"
+}
+
+# pkgconfig OPTION...: prints what pkg-config says of the installed library.
+pkgconfig() { PKG_CONFIG_LIBDIR=$USR/$LIBDIR/pkgconfig pkg-config "$@" kxldadoscm; }
+
+# kxdados ARG...: runs the installed tool.
+kxdados() { LD_LIBRARY_PATH=$USR/$LIBDIR "$USR/bin/kxdados" "$@"; }
+
+# completa WORD...: what the shell would offer for the last word.
+completa() {
+  COMP_WORDS=(kxdados "$@")
+  COMP_CWORD=$#
+  _kxdados kxdados "${COMP_WORDS[-1]}" "${COMP_WORDS[-2]}"
+  printf '%s\n' "${COMPREPLY[@]}" | sort
+}
+
+caso_instalacao() {
+  rm -rf "$LUGAR"
+  cmake --install "$CONSTRUIDO" --prefix "$USR" >/dev/null
+  consome_cmake "$USR" kxldadoscm::kxldadoscm
+  sem_caminho
+  kxdados --versao
+}
+
+caso_pacotes() {
+  rm -rf "$LUGAR" "$CONSTRUIDO"/*.deb
+  mkdir -p "$RAIZ"
+  (cd "$CONSTRUIDO" && cpack)
+  local pacote
+  for pacote in "$CONSTRUIDO"/*.deb; do dpkg-deb -x "$pacote" "$RAIZ"; done
+  local repetidos
+  repetidos=$(for pacote in "$CONSTRUIDO"/*.deb; do dpkg-deb -c "$pacote"; done |
+    awk '$1 !~ /^d/ {print $6}' | sort | uniq -d)
+  [[ -z $repetidos ]] || falha "in more than one package: $repetidos"
+}
+
+caso_pacotes_campos() {
+  local biblioteca desenvolvimento ferramenta
+  biblioteca=$(dpkg-deb -f "$CONSTRUIDO"/libkxldadoscm[0-9]_*.deb Depends)
+  desenvolvimento=$(dpkg-deb -f "$CONSTRUIDO"/libkxldadoscm-dev_*.deb Depends)
+  ferramenta=$(dpkg-deb -f "$CONSTRUIDO"/kxdados_*.deb Depends)
+  # The C and C++ libraries, with the GCC runtime that belongs to them, and nothing else.
+  contem "$biblioteca, " '^((libc6|libgcc-s1|libstdc\+\+6) [^,]+, )+$' \
+    "the library depends on more than the standard library"
+  contem "$desenvolvimento" 'libkxldadoscm[0-9] \(= ' "-dev does not name its library's version"
+  contem "$ferramenta" 'libkxldadoscm[0-9] \(= ' "kxdados does not name its library's version"
+  contem "$ferramenta" 'libpugixml1' "kxdados does not name its XML parser"
+  contem "$(dpkg-deb -I "$CONSTRUIDO"/libkxldadoscm[0-9]_*.deb triggers)" ldconfig \
+    "the loader's cache is not renewed"
+}
+
+caso_pacotes_cmake() {
+  consome_cmake "$USR" kxldadoscm::kxldadoscm
+  usa_compartilhada "$LUGAR/$CASO/consumidor" yes
+}
+
+caso_pacotes_cmake_estatica() {
+  consome_cmake "$USR" kxldadoscm::estatica
+  usa_compartilhada "$LUGAR/$CASO/consumidor" no
+}
+
+caso_pacotes_pkgconfig() {
+  # shellcheck disable=SC2046  # the words are arguments
+  "$CXX" -std=c++20 $(pkgconfig --cflags) "$FONTE/consumidor/consumidor.cpp" \
+    $(pkgconfig --libs) -o "$LUGAR/$CASO"
+  usa_compartilhada "$LUGAR/$CASO" yes
+  LD_LIBRARY_PATH=$USR/$LIBDIR consome "$LUGAR/$CASO"
+}
+
+caso_pacotes_pkgconfig_estatica() {
+  # shellcheck disable=SC2046  # the words are arguments
+  "$CXX" -std=c++20 $(pkgconfig --static --cflags) "$FONTE/consumidor/consumidor.cpp" \
+    -Wl,-Bstatic $(pkgconfig --libs) -Wl,-Bdynamic -o "$LUGAR/$CASO"
+  usa_compartilhada "$LUGAR/$CASO" no
+  consome "$LUGAR/$CASO"
+}
+
+caso_pacotes_kxdados() {
+  local relato
+  sem_caminho
+  relato=$(kxdados importa "$FONTE"/../../examples/notas/*.xml)
+  [[ $(grep -cE ': nota [0-9]+, série' <<<"$relato") == 3 ]] ||
+    falha "three invoices, but: $relato"
+}
+
+# Every option and command of the help stands in the page, which groff reads without a complaint.
+caso_pacotes_manual() {
+  local pagina=$USR/share/man/man1/kxdados.1.gz avisos texto palavra
+  avisos=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings=w -l "$pagina" 2>&1 >/dev/null)
+  [[ -z $avisos ]] || falha "$avisos"
+  texto=$(LC_ALL=C.UTF-8 man -l "$pagina" | col -bx)
+  for palavra in importa leiaute $({ kxdados --help && kxdados importa --help && kxdados leiaute --help; } |
+    grep -oE '^ +-[^ ]+' | tr ',' '\n'); do
+    contem "$texto" "^ +(-h, |--help, )*${palavra}( |,|$)" "the manual page lacks $palavra"
+  done
+}
+
+caso_pacotes_completacao() {
+  # shellcheck source=/dev/null
+  . "$USR/share/bash-completion/completions/kxdados"
+  [[ $(completa '') == $'--ajuda\n--help\n--versao\n-h\nimporta\nleiaute' ]] ||
+    falha "commands: $(completa '')"
+  [[ $(completa leiaute --t) == --tudo ]] || falha "option: $(completa leiaute --t)"
+  [[ $(completa leiaute tagREG_ENTRADA) == tagREG_ENTRADAPS ]] ||
+    falha "records: $(completa leiaute tagREG_ENTRADA)"
+  [[ -z $(completa importa --filial '') ]] || falha "a key has no completion"
+  cd "$FONTE/../../examples"
+  [[ $(completa leiaute --tudo not) == notas ]] ||
+    falha "folders: $(completa leiaute --tudo not)"
+  [[ $(completa importa not) == notas ]] || falha "folders: $(completa importa not)"
+  [[ $(completa importa notas/01) == notas/01*.xml ]] || falha "files: $(completa importa notas/01)"
+}
+
+"caso_$CASO"
