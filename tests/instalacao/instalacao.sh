@@ -132,12 +132,12 @@ caso_pacotes_kxdados() {
 
 # Every option and command of the help stands in the page, which groff reads without a complaint.
 caso_pacotes_manual() {
-  local pagina=$USR/share/man/man1/kxdados.1.gz avisos texto palavra
+  local pagina=$USR/share/man/man1/kxdados.1.gz avisos texto ajuda palavra
   avisos=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings=w -l "$pagina" 2>&1 >/dev/null)
   [[ -z $avisos ]] || falha "$avisos"
   texto=$(LC_ALL=C.UTF-8 man -l "$pagina" | col -bx)
-  for palavra in importa leiaute $({ kxdados --help && kxdados importa --help && kxdados leiaute --help; } |
-    grep -oE '^ +-[^ ]+' | tr ',' '\n'); do
+  ajuda=$(kxdados --help && kxdados importa --help && kxdados leiaute --help)
+  for palavra in importa leiaute $(grep -oE '^ +-[^ ]+' <<<"$ajuda" | tr ',' '\n'); do
     contem "$texto" "^ +(-h, |--help, )*${palavra}( |,|$)" "the manual page lacks $palavra"
   done
 }
