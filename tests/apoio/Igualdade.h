@@ -25,11 +25,10 @@ inline bool EhComparado(const KXRegistroInfo& info, const KXCampo& campo) {
 }
 
 // The fields with accessors that equality leaves out.
-template <class REG>
-Nomes ForaDaIgualdade() {
+inline Nomes ForaDaIgualdade(const KXRegistroInfo& info) {
   Nomes nomes;
-  for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
-    if (TemAcessor(campo) && !EhComparado(KXMetadados<REG>::kInfo, campo)) nomes.insert(campo.Nome);
+  for (const KXCampo& campo : info.Campos) {
+    if (TemAcessor(campo) && !EhComparado(info, campo)) nomes.insert(campo.Nome);
   }
   return nomes;
 }

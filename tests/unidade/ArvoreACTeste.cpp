@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <random>
 #include <string>
 #include <thread>
@@ -11,6 +12,7 @@
 
 #include "ac/DadosAC.h"
 #include "tests/apoio/FlorestaPlana.h"
+#include "tests/apoio/Paginas.h"
 
 namespace {
 
@@ -135,6 +137,16 @@ TEST(ArvoreAdicionaNode, AbaixoDoPrimeiroEmPreOrdemMasNaoDaRaiz) {
 }
 
 // Items for the nodes of a tree, in pre-order; 0 leaves a node without one.
+TEST(ArvoreMontagem, ContagemMaiorQueAsRegras) {
+  const apoio::Paginas paginas;
+  constexpr std::int32_t kCabem = apoio::Paginas::kPagina / sizeof(tagREG_CM_AUTORIZACAO_CMSAUTPS);
+  auto* const regras = reinterpret_cast<tagREG_CM_AUTORIZACAO_CMSAUTPS*>(paginas.Legivel());
+  std::fill_n(regras, kCabem, tagREG_CM_AUTORIZACAO_CMSAUTPS{});
+  const tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{std::numeric_limits<std::int32_t>::max(), {}, regras};
+  Arvore raiz;
+  EXPECT_EQ(raiz.CopiarDe(&lista).GetQuantidadeNodes(), kCabem);
+}
+
 HTREEITEM Item(std::uintptr_t numero) { return reinterpret_cast<HTREEITEM>(numero * 16); }
 
 Arvore& Filho(Arvore& node, int indice) {

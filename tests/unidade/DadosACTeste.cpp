@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "ac/DadosAC.h"
-#include "tests/apoio/Igualdade.h"
 
 namespace {
 
@@ -30,14 +29,6 @@ TEST(RegraAprovacao, MarcasEChavePropriaNaoContam) {
   EXPECT_TRUE(a == b);
   b.GetRefUsuarios_AND(0).GetRefUsuarios_OR(0).SetUsuario(8);
   EXPECT_FALSE(a == b);
-
-  using apoio::ForaDaIgualdade;
-  using apoio::Nomes;
-  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_CMSAUTPS>(),
-            (Nomes{"DataUltimaAlteracao", "ChaveEste", "ChaveProximoHistorico",
-                   "PonteiroUsuarioInclusao", "PonteiroUsuarioAlteracao", "Excluido"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>(), Nomes{});
 }
 
 TEST(RegraAprovacao, PosicaoDoProdutoEmUmValor) {

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "cp/DadosCP.h"
-#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -52,18 +51,6 @@ TEST(Cotacao, IndicesForaDasColecoesViajamComoEstao) {
   EXPECT_EQ(volta.GetAcompanhamento(0).GetIndiceFornecedor(), 9);
   EXPECT_EQ(volta.GetAcompanhamento(0).GetIndiceItem(), 65535);
   EXPECT_TRUE(volta == cotacao);
-}
-
-TEST(Cotacao, CamposForaDaIgualdade) {
-  using apoio::ForaDaIgualdade;
-  using apoio::Nomes;
-  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOPS>(),
-            (Nomes{"RegQuemGerou", "RegChaveHistoricoAnterior", "DataUltimaAlteracao",
-                   "HoraUltimaAlteracao", "PonteiroEsteCP", "PonteiroUsuarioAlteracao",
-                   "PonteiroUsuarioInclusao", "WEB", "Excluido"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOITEMFORNECEDORPS>(), Nomes{"EmailCotacaoWebEnviado"});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOITEMPRODUTOPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_COTACAOACOMPANHAMENTOPS>(), Nomes{});
 }
 
 TEST(Cotacao, LogsNaoContamEVinculoConta) {

@@ -8,7 +8,6 @@
 
 #include "core/Checksum.h"
 #include "ct/DadosCT.h"
-#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -104,14 +103,7 @@ TEST(Conhecimento, LogsContamVinculoNaoENenhumViaja) {
   EXPECT_TRUE(IdaEVolta(b) == a);
 }
 
-TEST(Conhecimento, IgualdadeDeixaCarimbosDeFora) {
-  using apoio::ForaDaIgualdade;
-  using apoio::Nomes;
-  EXPECT_EQ(ForaDaIgualdade<tagREG_CONHECIMENTOPS>(),
-            (Nomes{"RegDataUltimaAlteracao", "RegDataHoraInclusaoCT", "PonteiroUsuarioAlteracao",
-                   "PonteiroUsuarioInclusao", "Excluido"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_NOTAFISCAL_CONHECIMENTOPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_RATEIO_CONHECIMENTOPS>(), Nomes{});
+TEST(Conhecimento, IgualdadeVeFilhos) {
   const Conhecimento original;
   EXPECT_FALSE(Conhecimento().AdicionaRateio(Rateio()) == original);
   EXPECT_FALSE(Conhecimento().AdicionaOCAssociada({}) == original);

@@ -194,25 +194,6 @@ TEST(OrdemCompra, HistoricoSeComparaPorTresLinhas) {
   EXPECT_NE(ordem, Ordem().SetComplementoHistorico("a\nb\nx"));
 }
 
-TEST(OrdemCompra, CamposForaDaIgualdade) {
-  using apoio::ForaDaIgualdade;
-  using apoio::Nomes;
-  EXPECT_EQ(ForaDaIgualdade<tagREG_ORDEMPS>(),
-            (Nomes{"RegDataUltimaAlteracao", "RegChaveEsteOC", "RegAutorizadoNaData",
-                   "PonteiroGerencial", "PonteiroUsuarioAlteracao", "PonteiroUsuarioInclusao",
-                   "OrcamentoExcedente", "VersaoGravacao", "EmailOrcamentoExcedentePendente",
-                   "StatusAutorizacao", "ManterStatusAutorizacao", "EmailStatusOCPendente",
-                   "EmailStatusOCFornecedorPendente", "Excluido"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_ITENS_ORDEMPS>(),
-            (Nomes{"RegDataUltimaCompra", "QuantidadeUltimaCompra", "PrecoUltimaCompra",
-                   "AliquotaReducaoIPI", "IDItem", "GerarAcompanhamento", "InformarValorFCP",
-                   "InformarValorFCP_ST"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_PROGRAMACAO_COMPRAPS>(), Nomes{"EmailAtrasado"});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_RATEIO_COMPRAPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_RECEBIMENTO_COMPRAPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_ITEM_TOTAIS_ORDEMPS>(), Nomes{});
-}
-
 TEST(ItemOrdemCompra, TotaisDeUmLadoSoNaoDecidem) {
   Item um;
   um.AdicionaTotais(Totais().SetValorFrete(Dinheiro(1)));

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "sc/DadosSC.h"
-#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -53,21 +52,6 @@ TEST(Solicitacao, TextoVazioETamanhoZeroEPonteiroNulo) {
   EXPECT_EQ(escrito.Reg.TamanhoLocalEntrega, 0);
   EXPECT_EQ(escrito.Reg.TextoLocalEntrega, nullptr);
   EXPECT_NE(escrito.Reg.TextoObservacao, nullptr);
-}
-
-TEST(Solicitacao, CamposForaDaIgualdade) {
-  using apoio::ForaDaIgualdade;
-  using apoio::Nomes;
-  EXPECT_EQ(ForaDaIgualdade<tagREG_SOLICITACAO_COMPRAPS>(),
-            (Nomes{"RegQuemGerou", "RegPonteiroEsteSC", "RegDataHoraInclusao",
-                   "RegDataUltimaAlteracao", "HoraUltimaAlteracao", "PonteiroUsuarioAlteracao",
-                   "PonteiroUsuarioInclusao", "Incompleta", "Excluido", "Impresso",
-                   "RegistroGravadoSemIntegracao", "EmailStatusInclusaoPendente"}));
-  EXPECT_EQ(ForaDaIgualdade<tagREG_SOLICITACAO_COMPRA_ITEMPS>(), Nomes{"Integrado"});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_SOLICITACAO_COMPRA_FORNECEDORPS>(), Nomes{});
-  EXPECT_EQ(ForaDaIgualdade<tagREG_SOLICITACAO_RATEIO_COMPRAPS>(), Nomes{});
-  EXPECT_FALSE(Solicitacao().SetCodigoSolicitacao("SC-1") ==
-               Solicitacao().SetCodigoSolicitacao("sc-1"));
 }
 
 TEST(Solicitacao, VinculoContaMasNaoViaja) {

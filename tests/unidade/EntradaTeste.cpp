@@ -117,7 +117,7 @@ TEST(Entrada, ChecksumEhDoRegistroSozinho) {
   entrada.SetObservacaoGeral("x");
   entrada.GetCondicaoPagamento().AdicionaParcela(CKXDadosCM_Parcela());
   EXPECT_EQ(entrada.CalculaCRC(nullptr), crc);
-  entrada.SetExcluido(1);
+  entrada.GetCondicaoPagamento().SetPonteiroTipoCobranca(7);
   EXPECT_NE(entrada.CalculaCRC(nullptr), crc);
   EXPECT_EQ(entrada.Get_CRC(), 0UL);
 }

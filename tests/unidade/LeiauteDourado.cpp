@@ -1,16 +1,18 @@
 // The tables against the layouts as they are documented (tests/dados/leiautes.txt): the size of
-// every record, and where fields from its middle and end are.
+// every record, where fields from its middle and end are, and which fields equality leaves out.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
-#include <set>
 #include <sstream>
 #include <string>
 
 #include "compras/KXDadosCompras.h"
+#include "tests/apoio/Igualdade.h"
 
 namespace {
+
+using apoio::Nomes;
 
 std::size_t PosicaoDe(const KXRegistroInfo& registro, const std::string& nome) {
   const auto campo = std::find_if(registro.Campos.begin(), registro.Campos.end(),
@@ -18,24 +20,35 @@ std::size_t PosicaoDe(const KXRegistroInfo& registro, const std::string& nome) {
   return campo != registro.Campos.end() ? campo->Posicao : registro.Tamanho;
 }
 
+void Confere(const KXRegistroInfo& registro, std::istringstream& partes) {
+  std::size_t tamanho = 0;
+  partes >> tamanho;
+  EXPECT_EQ(registro.Tamanho, tamanho) << registro.Nome;
+  Nomes naoComparados;
+  for (std::string parte; partes >> parte;) {
+    const std::size_t igual = parte.find('=');
+    if (igual == std::string::npos) {
+      naoComparados.insert(parte.substr(1));
+    } else {
+      EXPECT_EQ(PosicaoDe(registro, parte.substr(0, igual)), std::stoul(parte.substr(igual + 1)))
+          << registro.Nome << " " << parte;
+    }
+  }
+  EXPECT_EQ(apoio::ForaDaIgualdade(registro), naoComparados) << registro.Nome;
+}
+
 TEST(LeiauteDourado, ConfereComODocumentado) {
-  std::set<std::string> documentados;
+  Nomes documentados;
   std::ifstream arquivo(KX_RAIZ "/tests/dados/leiautes.txt");
   for (std::string linha; std::getline(arquivo, linha);) {
     if (linha.starts_with('#')) continue;
     std::istringstream partes(linha);
     std::string nome;
-    std::size_t tamanho = 0;
-    partes >> nome >> tamanho;
+    partes >> nome;
     documentados.insert(nome);
     const KXRegistroInfo* const registro = KXProcuraRegistro(nome);
     ASSERT_NE(registro, nullptr) << nome;
-    EXPECT_EQ(registro->Tamanho, tamanho) << nome;
-    for (std::string campo; std::getline(partes >> std::ws, campo, '=');) {
-      std::size_t posicao = 0;
-      partes >> posicao;
-      EXPECT_EQ(PosicaoDe(*registro, campo), posicao) << nome << "." << campo;
-    }
+    Confere(*registro, partes);
   }
   for (const KXRegistroInfo* registro : KXRegistros()) {
     EXPECT_TRUE(documentados.contains(registro->Nome)) << registro->Nome << " has no line";

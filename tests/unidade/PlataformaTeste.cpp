@@ -74,6 +74,9 @@ TEST(Legivel, AtePrimeiroByteProibido) {
   EXPECT_TRUE(Legivel(paginas.Proibida() - 1, 1));
   EXPECT_FALSE(Legivel(paginas.Legivel(), Paginas::kPagina + 1));
   EXPECT_FALSE(Legivel(paginas.Proibida() - 1, 2));
+  const Paginas comBuraco(3);
+  mprotect(comBuraco.Legivel() + Paginas::kPagina, Paginas::kPagina, PROT_NONE);
+  EXPECT_FALSE(Legivel(comBuraco.Legivel(), 3 * Paginas::kPagina));
   EXPECT_FALSE(Legivel(nullptr, 1));
   EXPECT_TRUE(Legivel(nullptr, 0));
 }
@@ -130,7 +133,8 @@ TEST(CopiaProtegida, VariosFiosAoMesmoTempo) {
   EXPECT_EQ(erros, 0);
 }
 
-// A signal handler whose copy faults interrupts a copy of the same thread, which keeps its guard.
+// A signal handler with copies of its own interrupts a copy of the same thread, which keeps its
+// guard.
 const Paginas* gPaginas = nullptr;
 std::atomic<int> gAninhadas = 0;
 std::atomic<bool> gFim = false;
@@ -138,13 +142,14 @@ std::atomic<bool> gFim = false;
 void CopiaDentroDoSinal(int) {
   char destino[8];
   if (CopiaProtegida(destino, gPaginas->Proibida(), sizeof(destino)) == nullptr) ++gAninhadas;
+  CopiaProtegida(destino, gPaginas->Legivel(), sizeof(destino));
 }
 
 TEST(CopiaProtegida, DentroDeOutra) {
   if (kComSanitizador) GTEST_SKIP() << "a sanitizer's own copy cannot be left from a handler";
-  const Paginas paginas;
+  const Paginas paginas(256);
   gPaginas = &paginas;
-  std::vector<char> muito(1 << 20);
+  std::vector<char> muito(257 * Paginas::kPagina);
   struct sigaction acao {};
   struct sigaction antes {};
   acao.sa_handler = CopiaDentroDoSinal;
@@ -159,7 +164,7 @@ TEST(CopiaProtegida, DentroDeOutra) {
   });
   while (!gFim) {
     EXPECT_EQ(PreencheProtegido(muito.data(), 0, muito.size()), muito.data());
-    EXPECT_EQ(CopiaProtegida(muito.data(), paginas.Legivel(), 2 * Paginas::kPagina), nullptr);
+    EXPECT_EQ(CopiaProtegida(muito.data(), paginas.Legivel(), muito.size()), nullptr);
   }
   outro.join();
   sigaction(SIGUSR1, &antes, nullptr);

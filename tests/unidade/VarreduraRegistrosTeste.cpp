@@ -108,6 +108,18 @@ TYPED_TEST(VarreduraRegistros, IgualdadeSegueATabela) {
   }
 }
 
+TYPED_TEST(VarreduraRegistros, IgualdadeVeOUltimoCaractereDoCampo) {
+  using REG = typename TypeParam::Registro;
+  for (const KXCampo& campo : this->kInfo.Campos) {
+    if (campo.Tipo != KXTipoCampo::Texto || campo.Igualdade == 0) continue;
+    REG a{};
+    std::memset(reinterpret_cast<char*>(&a) + campo.Posicao, 'a', campo.Largura);
+    REG b = a;
+    reinterpret_cast<char*>(&b)[campo.Posicao + campo.Largura - 1] = 'b';
+    EXPECT_FALSE(this->Le(a) == this->Le(b)) << campo.Nome;
+  }
+}
+
 TYPED_TEST(VarreduraRegistros, IgualdadeVeFilhosETextos) {
   using REG = typename TypeParam::Registro;
   const apoio::RegistroAleatorio<REG> original(5);
