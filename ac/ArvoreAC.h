@@ -37,11 +37,13 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   KX_DECLARA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra)
 
  public:
+  // The child nodes, and the keys of rules in a list, as the hierarchy is built from.
   using Nodes = CList<CKXDadosCM_ACTreeAutorizacaoCompra>;
   using ListaDeChaves =
       CList<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS, const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS&>;
 
   CKXDadosCM_ACTreeAutorizacaoCompra() noexcept;
+  // A node with those keys and no rule.
   explicit CKXDadosCM_ACTreeAutorizacaoCompra(const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves);
   // A node with that rule, its keys those of the rule. Null gives an empty rule.
   explicit CKXDadosCM_ACTreeAutorizacaoCompra(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regra);
@@ -85,9 +87,11 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   // Appends a deep copy of the node, which may be this one or part of this hierarchy.
   CKXDadosCM_ACTreeAutorizacaoCompra& AdicionaExNodes(
       const CKXDadosCM_ACTreeAutorizacaoCompra& node);
+  // Removes every child, with what is below it.
   CKXDadosCM_ACTreeAutorizacaoCompra& RemoveTodosNodes() noexcept;
   // Direct children alone.
   long long GetQuantidadeNodes() const noexcept { return _ExNodes.GetCount(); }
+  // The children themselves.
   Nodes& GetExNodes() noexcept { return _ExNodes; }
   const Nodes& GetExNodes() const noexcept { return _ExNodes; }
 

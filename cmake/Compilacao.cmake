@@ -20,6 +20,10 @@ if(KX_SANITIZADORES)
   target_compile_options(kx_opcoes INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+if(KX_FUZZ)  # what guides a fuzzer
+  target_compile_options(kx_opcoes INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(KX_COBERTURA)
   target_compile_options(kx_opcoes INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(kx_opcoes INTERFACE --coverage)

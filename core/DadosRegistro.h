@@ -27,6 +27,7 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
   bool operator==(const T_KXDadosRegistro& outro) const { return Igual(&outro); }
   bool operator!=(const T_KXDadosRegistro& outro) const { return !Igual(&outro); }
 
+  // The record itself, every byte of it.
   REG& GetReg() { return _Reg; }
   const REG& GetReg() const { return _Reg; }
 
@@ -42,11 +43,13 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
   virtual void CopiarPara(REG* destino) const {
     kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
   }
+  // The same; derived classes take nested arrays from the task allocator here.
   virtual void CopiarParaPS(REG* destino) const {
     kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
   }
 
  protected:
+  // Every byte zero.
   void OnLimpar() override {
     std::memset(&_Reg, 0, sizeof(REG));
     TKXBaseParaDados::OnLimpar();
@@ -72,6 +75,7 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
     return TKXBaseParaDados::OnEstaVazio() && std::memcmp(&_Reg, &kVazio, sizeof(REG)) == 0;
   }
 
+  // The record as it was last set.
   REG _Reg;
 };
 
@@ -94,6 +98,7 @@ class KX_API T_KXDadosRegistroComLista : public T_KXDadosRegistro<REG> {
   }
 
  protected:
+  // Called after each conversion; the record is this object's, or the destination.
   virtual void OnCopiarDe() {}
   virtual void OnCopiarPara(REG* /*destino*/) const {}
   virtual void OnCopiarParaPS(REG* /*destino*/) const {}

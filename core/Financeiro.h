@@ -37,6 +37,7 @@ class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
 #define KX_TABELA "core/tagREG_ITEM_IMPOSTOPS.def"
 #include "core/tabela/Acessores.h"
 
+  // CopiarPara, the deductions from the task allocator.
   const CKXDadosCM_ItemImposto& CopiarParaPS(tagREG_ITEM_IMPOSTOPS* destino) const;
 
  protected:
@@ -67,19 +68,23 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
 #define KX_TABELA "core/tagREG_FATURA_ENTRADAPS.def"
 #include "core/tabela/Acessores.h"
 
+  // CopiarDe for the other kinds of record: what the record does not carry is cleared.
   CKXDadosCM_Parcela& CopiarDe(const tagREG_FATURA_CONHECIMENTOPS* origem);
   CKXDadosCM_Parcela& CopiarDe(const tagREG_FATURA_COMPRAPS* origem);
   CKXDadosCM_Parcela& CopiarDe(const tagREG_COTACAOITEMFATURAPS* origem);
 
+  // CopiarPara into the other kinds of record; taxes come from array new.
   const CKXDadosCM_Parcela& CopiarPara(tagREG_FATURA_CONHECIMENTOPS* destino) const;
   const CKXDadosCM_Parcela& CopiarPara(tagREG_FATURA_COMPRAPS* destino) const;
   const CKXDadosCM_Parcela& CopiarPara(tagREG_COTACAOITEMFATURAPS* destino) const;
 
+  // The same, taxes from the task allocator.
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_ENTRADAPS* destino) const;
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_CONHECIMENTOPS* destino) const;
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_COMPRAPS* destino) const;
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_COTACAOITEMFATURAPS* destino) const;
 
+  // The releases of the freight bill's installment.
   static void ZerarDelete(tagREG_FATURA_CONHECIMENTOPS* registro);
   static void ZerarGlobalAlloc(tagREG_FATURA_CONHECIMENTOPS* registro);
 

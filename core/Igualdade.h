@@ -16,6 +16,7 @@ namespace kx {
 // type described. Throws std::bad_alloc.
 KX_API bool CamposIguais(const KXRegistroInfo& info, const void* a, const void* b);
 
+// The same for records of a type that is known.
 template <class REG>
 bool RegistrosIguais(const REG& a, const REG& b) {
   return std::memcmp(&a, &b, sizeof(REG)) == 0 || CamposIguais(KXMetadados<REG>::kInfo, &a, &b);

@@ -39,6 +39,7 @@ E* AlocaArray(Alocador alocador, std::size_t quantos) {
   return static_cast<E*>(memoria);
 }
 
+// Gives an array of that allocator back; null is allowed.
 template <class E>
 void LiberaArray(Alocador alocador, E* array) noexcept {
   if (array == nullptr) return;
@@ -90,6 +91,7 @@ inline constexpr bool kDireta = requires {
 template <class T, class E>
 void LeLegivel(CKXVector<T>& lista, const E& vaga);
 
+// The conversions below, of a collection that is not empty.
 template <class T, class E>
 void EscreveElementos(const CKXVector<T>& lista, E*& array, std::uint16_t& quantidade,
                       Alocador alocador) {
@@ -102,6 +104,7 @@ void EscreveElementos(const CKXVector<T>& lista, E*& array, std::uint16_t& quant
   }
 }
 
+// The same, of an array that is there.
 template <class T, class E>
 void LeElementos(CKXVector<T>& lista, const E* array, std::uint16_t quantidade) {
   lista.reserve(quantidade);
@@ -134,6 +137,7 @@ inline void LeLista(CKXVector<T>& lista, const E* array, std::uint16_t quantidad
   if (array != nullptr && quantidade != 0) LeElementos(lista, array, quantidade);
 }
 
+// Whether something hangs from the record.
 template <class REG>
 constexpr bool TemListas() {
   for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
@@ -145,8 +149,9 @@ constexpr bool TemListas() {
   return false;
 }
 
-// Visits a record's arrays and texts (KXMetadados<REG>::VisitaListas) and releases them.
+// Visits a record's arrays and texts, as its metadata names them, and releases them.
 struct Liberador {
+  // Where the memory came from, and what to do with each kind of thing that hangs from a record.
   Alocador De;
   template <class E>
   void Lista(E*& array, std::uint16_t& quantidade) const noexcept {
@@ -176,6 +181,7 @@ struct Liberador {
 
 // Forgets a record's arrays and texts, and clears its spare bytes.
 struct Esquecedor {
+  // What to do with each kind of thing that hangs from a record.
   template <class E>
   void Lista(E*& array, std::uint16_t& quantidade) const noexcept {
     array = nullptr;

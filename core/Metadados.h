@@ -51,22 +51,24 @@ enum class KXPapel : std::uint8_t {
 
 struct KXRegistroInfo;
 
+// One field, or another row of a record's table.
 struct KXCampo {
-  const char* Nome;
-  std::uint16_t Posicao;  // bytes from the start of the record
-  std::uint16_t Largura;  // bytes
-  KXTipoCampo Tipo;
-  KXPapel Papel;
-  std::uint16_t Igualdade;  // place in the order of comparison, 0 when not compared
-  const char* Significado;
+  const char* Nome;                // of the member of the struct
+  std::uint16_t Posicao;           // bytes from the start of the record
+  std::uint16_t Largura;           // bytes
+  KXTipoCampo Tipo;                // how its bytes are read
+  KXPapel Papel;                   // what it stands for
+  std::uint16_t Igualdade;         // place in the order of comparison, 0 when not compared
+  const char* Significado;         // English, without a full stop
   const KXRegistroInfo* Elemento;  // record of the elements, of a list alone
 };
 
+// One record.
 struct KXRegistroInfo {
-  const char* Nome;
-  const char* Significado;
-  std::uint32_t Tamanho;  // bytes
-  std::span<const KXCampo> Campos;
+  const char* Nome;                 // of the struct
+  const char* Significado;          // English, without a full stop
+  std::uint32_t Tamanho;            // bytes
+  std::span<const KXCampo> Campos;  // in byte order
 };
 
 // Specialised by each record table: Registro, kInfo, kCampos and VisitaListas, which calls
@@ -78,6 +80,7 @@ struct KXMetadados;
 
 namespace kx {
 
+// How a field of the type T is read; specialised for each type that fields have.
 template <class T>
 struct TipoDe;
 template <>
@@ -137,6 +140,7 @@ struct TipoDe<char> {
   static constexpr auto valor = KXTipoCampo::Caractere;
 };
 
+// The value of TipoDe.
 template <class T>
 inline constexpr KXTipoCampo kTipoDe = TipoDe<T>::valor;
 

@@ -28,7 +28,9 @@
 
 namespace kx {
 
+// The walks over a class C: its record, where it has one, and its parts.
 struct Motor {
+  // Whether the class stores a record.
   template <class C>
   static constexpr bool kTemRegistro = requires(C& c) {
     c._Reg;
@@ -41,12 +43,14 @@ struct Motor {
     VisitaPartes<C>(Limpador<C>{objeto});
   }
 
+  // A deep copy. Throws std::bad_alloc.
   template <class C>
   static void Copia(C& destino, const C& origem) {
     if constexpr (kTemRegistro<C>) destino._Reg = origem._Reg;
     VisitaPartes<C>(Copiador<C>{destino, origem});
   }
 
+  // Takes over the parts; the origin's collections and texts are empty afterwards.
   template <class C>
   static void Move(C& destino, C& origem) noexcept {
     if constexpr (kTemRegistro<C>) destino._Reg = origem._Reg;

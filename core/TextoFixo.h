@@ -21,6 +21,7 @@ namespace kx {
 KX_API void CopiaTextoFixo(char* destino, std::size_t largura, const char* texto, int tamanho,
                            const char* fonte, int linha) noexcept;
 
+// The same for a field and a text as they are declared; the text counts up to its first zero.
 template <std::size_t N>
 void CopiaTextoFixo(char (&destino)[N], const CString& texto, const char* fonte,
                     int linha) noexcept {

@@ -152,6 +152,7 @@ class KX_API CKXDadosCM_CotacaoPreco : public TKXCMBaseParaDados {
 #define KX_TABELA "cp/tagREG_COTACAOPS.def"
 #include "core/tabela/Acessores.h"
 
+  // The link, to be changed.
   CIEVinculo& GetRefVinculo() { return _Vinculo; }
 
  protected:

@@ -26,13 +26,17 @@ namespace kx {
 // destructor need not be looked up: 8 % of the time of reading and destroying a document.
 template <class T>
 struct AlocadorDeElementos : std::allocator<T> {
+  // The same for another type of element.
   template <class U>
   struct rebind {
+    // That allocator.
     using other = AlocadorDeElementos<U>;
   };
   AlocadorDeElementos() noexcept = default;
+  // It has no state to copy.
   template <class U>
   AlocadorDeElementos(const AlocadorDeElementos<U>& /*outro*/) noexcept {}
+  // Ends one element.
   template <class U>
   void destroy(U* elemento) noexcept {
     if constexpr (std::is_class_v<U>) {
@@ -50,6 +54,7 @@ class CKXVector {
   using Elementos = std::vector<T, kx::AlocadorDeElementos<T>>;
 
  public:
+  // The names by which standard algorithms know a container's types.
   using value_type = T;
   using size_type = std::size_t;
   using difference_type = std::ptrdiff_t;
@@ -59,27 +64,33 @@ class CKXVector {
   using const_iterator = typename Elementos::const_iterator;
 
   CKXVector() noexcept = default;
+  // So many elements, as their default constructor leaves them, or copies of a value.
   explicit CKXVector(size_type quantos) : _elementos(quantos) {}
   CKXVector(size_type quantos, const T& valor) : _elementos(quantos, valor) {}
+  // Copies of the values, in their order.
   CKXVector(std::initializer_list<T> valores) : _elementos(valores) {}
 
+  // The number of elements, and of those that fit without growing.
   size_type size() const noexcept { return _elementos.size(); }
   bool empty() const noexcept { return _elementos.empty(); }
   size_type capacity() const noexcept { return _elementos.capacity(); }
+  // As in std::vector; clear keeps the memory.
   void reserve(size_type quantos) { _elementos.reserve(quantos); }
   void resize(size_type quantos) { _elementos.resize(quantos); }
   void resize(size_type quantos, const T& valor) { _elementos.resize(quantos, valor); }
   void clear() noexcept { _elementos.clear(); }
   void swap(CKXVector& outro) noexcept { _elementos.swap(outro._elementos); }
 
-  // An element of the collection itself may be passed.
+  // Append. An element of the collection itself may be passed.
   void push_back(const T& valor) { _elementos.push_back(valor); }
   void push_back(T&& valor) { _elementos.push_back(std::move(valor)); }
   template <class... Args>
   T& emplace_back(Args&&... args) {
     return _elementos.emplace_back(std::forward<Args>(args)...);
   }
+  // Removes the last element; there must be one.
   void pop_back() noexcept { _elementos.pop_back(); }
+  // Insert before the place, or remove; return the place of the new element or of the next one.
   iterator insert(const_iterator onde, const T& valor) { return _elementos.insert(onde, valor); }
   iterator insert(const_iterator onde, T&& valor) {
     return _elementos.insert(onde, std::move(valor));
@@ -89,12 +100,13 @@ class CKXVector {
     return _elementos.erase(primeiro, fim);
   }
 
+  // Iterators on the first element and past the last.
   iterator begin() noexcept { return _elementos.begin(); }
   iterator end() noexcept { return _elementos.end(); }
   const_iterator begin() const noexcept { return _elementos.begin(); }
   const_iterator end() const noexcept { return _elementos.end(); }
 
-  // Not tested.
+  // Elements, and the address of the first. Not tested.
   T& operator[](size_type indice) noexcept { return _elementos[indice]; }
   const T& operator[](size_type indice) const noexcept { return _elementos[indice]; }
   T& front() noexcept { return _elementos.front(); }
@@ -104,7 +116,7 @@ class CKXVector {
   T* data() noexcept { return _elementos.data(); }
   const T* data() const noexcept { return _elementos.data(); }
 
-  // Tested.
+  // The element at the index. Tested.
   T& at(size_type indice) {
     Testa(indice);
     return _elementos[indice];
@@ -125,6 +137,7 @@ class CKXVector {
     _elementos.erase(_elementos.begin() + indice);
   }
 
+  // True when both have equal elements in the same order.
   bool operator==(const CKXVector& outro) const { return _elementos == outro._elementos; }
 
  private:

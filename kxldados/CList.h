@@ -9,19 +9,24 @@
 #include <cstddef>
 #include <utility>
 
+// The links of one element of a list; null at the ends.
 struct KXNoDeLista {
-  KXNoDeLista* Anterior;
-  KXNoDeLista* Proximo;
+  KXNoDeLista* Anterior;  // the element before
+  KXNoDeLista* Proximo;   // the element after
 };
+// A place in a list.
 using POSITION = KXNoDeLista*;
 
+// A list of values; copies are deep.
 template <class T, class ARG = const T&>
 class CList {
  public:
   CList() noexcept = default;
+  // A copy of every element, in order. Throws std::bad_alloc.
   CList(const CList& outra) : CList() {  // delegates: a failed copy is destroyed
     for (POSITION p = outra._primeiro; p != nullptr;) AddTail(outra.GetNext(p));
   }
+  // Takes over the elements; positions stay valid, the other list is empty.
   CList(CList&& outra) noexcept { Troca(outra); }
   CList& operator=(CList outra) noexcept {
     Troca(outra);
@@ -29,10 +34,12 @@ class CList {
   }
   ~CList() { RemoveAll(); }
 
+  // The number of elements.
   std::ptrdiff_t GetCount() const noexcept { return _quantidade; }
+  // True when there is no element.
   bool IsEmpty() const noexcept { return _quantidade == 0; }
 
-  // Both return the position of the new element, and throw std::bad_alloc.
+  // Insert at the ends. Both return the position of the new element, and throw std::bad_alloc.
   POSITION AddHead(ARG valor) { return Liga(nullptr, new No(valor), _primeiro); }
   POSITION AddTail(ARG valor) { return Liga(_ultimo, new No(valor), nullptr); }
   // Makes the new last element in its place; it need not be copyable. Throws std::bad_alloc.
@@ -41,6 +48,7 @@ class CList {
     return GetAt(Liga(_ultimo, new No(std::forward<Args>(args)...), nullptr));
   }
 
+  // The position of the first element, null when there is none.
   POSITION GetHeadPosition() const noexcept { return _primeiro; }
   // The element at the position, which advances; null after the last.
   T& GetNext(POSITION& posicao) noexcept {
@@ -53,6 +61,7 @@ class CList {
     posicao = posicao->Proximo;
     return valor;
   }
+  // The element at the position.
   T& GetAt(POSITION posicao) noexcept { return static_cast<No*>(posicao)->Valor; }
   const T& GetAt(POSITION posicao) const noexcept { return static_cast<No*>(posicao)->Valor; }
 
@@ -64,12 +73,14 @@ class CList {
     return p;
   }
 
+  // Removes the element at the position, which ends.
   void RemoveAt(POSITION posicao) noexcept {
     (posicao->Anterior != nullptr ? posicao->Anterior->Proximo : _primeiro) = posicao->Proximo;
     (posicao->Proximo != nullptr ? posicao->Proximo->Anterior : _ultimo) = posicao->Anterior;
     delete static_cast<No*>(posicao);
     --_quantidade;
   }
+  // Removes every element.
   void RemoveAll() noexcept {
     while (_primeiro != nullptr) RemoveAt(_primeiro);
   }

@@ -11,7 +11,7 @@ class CDumpContext;
 
 // Description of one class. There is one constant instance per class; compare addresses.
 struct KX_API CRuntimeClass {
-  const char* m_lpszClassName;
+  const char* m_lpszClassName;                  // as it is written in C++
   std::size_t m_nObjectSize;                    // bytes of one object
   const CRuntimeClass* (*m_pfnGetBaseClass)();  // null for the root
 
@@ -25,6 +25,7 @@ class KX_API CObject {
   CObject(const CObject&) noexcept = default;
   CObject& operator=(const CObject&) noexcept = default;
 
+  // The description of the object's class.
   virtual const CRuntimeClass* GetRuntimeClass() const;
   virtual ~CObject() = default;
   // Hooks for derived classes; they do nothing here.
@@ -32,6 +33,7 @@ class KX_API CObject {
   virtual void AssertValid() const;
   virtual void Dump(CDumpContext& contexto) const;
 
+  // The description of this class.
   static const CRuntimeClass* GetThisClass() noexcept;
 
   // True when the object is of the class given or of one derived from it.

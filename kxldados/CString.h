@@ -27,6 +27,7 @@
 
 class KX_API CString {
  public:
+  // What the trims remove when nothing else is said.
   static constexpr const char* kBrancos = " \t\n\v\f\r";
 
   CString() noexcept = default;
@@ -35,8 +36,11 @@ class KX_API CString {
   CString(const char* texto, int tamanho);
   CString(std::string_view texto) : _texto(texto) {}
 
+  // The number of characters.
   int GetLength() const noexcept { return static_cast<int>(_texto.size()); }
+  // True when there is no character.
   bool IsEmpty() const noexcept { return _texto.empty(); }
+  // Removes every character.
   void Empty() noexcept { _texto.clear(); }
 
   // Zero-terminated; valid until the text changes or ends.
@@ -51,6 +55,7 @@ class KX_API CString {
   char operator[](int posicao) const { return GetAt(posicao); }
   void SetAt(int posicao, char caractere);
 
+  // The first or last characters, or those from a position on, at most so many.
   CString Left(int quantos) const { return Mid(0, quantos); }
   CString Right(int quantos) const;
   CString Mid(int primeiro) const { return Mid(primeiro, GetLength()); }
@@ -67,6 +72,7 @@ class KX_API CString {
   // The same, upper and lower case taken as equal, accented letters too.
   int CompareNoCase(const char* outro) const noexcept;
 
+  // Append; the sum of two texts is one after the other.
   CString& operator+=(const CString& outro);
   CString& operator+=(const char* outro);
   CString& operator+=(char caractere);
@@ -74,6 +80,7 @@ class KX_API CString {
   friend CString operator+(CString a, const char* b) { return std::move(a += b); }
   friend CString operator+(CString a, char b) { return std::move(a += b); }
 
+  // The comparison of Compare, as operators.
   friend bool operator==(const CString& a, const CString& b) noexcept {
     return a._texto == b._texto;
   }
@@ -90,14 +97,15 @@ class KX_API CString {
   CString& TrimLeft(const char* quais = kBrancos);
   CString& TrimRight(const char* quais = kBrancos);
 
-  // Accented letters change too; those without a counterpart in the code page stay.
+  // All letters in upper or lower case. Accented letters change too; those without a counterpart in
+  // the code page stay.
   CString& MakeUpper() noexcept;
   CString& MakeLower() noexcept;
 
-  // Number of replacements. An empty `velho` is found nowhere.
+  // Replace every occurrence, and return how many there were. An empty `velho` is found nowhere.
   int Replace(char velho, char novo) noexcept;
   int Replace(const char* velho, const char* novo);
-  // Both return the new length.
+  // Remove or insert characters at the position. Both return the new length.
   int Delete(int posicao, int quantos = 1);
   int Insert(int posicao, const char* trecho);
 

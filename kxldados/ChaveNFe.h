@@ -28,8 +28,9 @@
 
 namespace kx {
 
+// Why a text is not a key; Nenhum when it is.
 enum class ErroChave {
-  Nenhum,
+  Nenhum,             // it is one
   Tamanho,            // not 44 characters
   Alfabeto,           // a character that its place does not allow; lower-case letters too
   DigitoVerificador,  // the last digit is not the check digit of the others
@@ -42,6 +43,7 @@ KX_API ErroChave ChaveDeTexto(std::string_view texto, _KX_NFE_ps& destino) noexc
 // The 44 characters; empty for no key and for bytes that ChaveDeTexto never writes.
 KX_API std::string TextoDeChave(const _KX_NFE_ps& chave);
 
+// No key: every byte zero.
 constexpr bool ChaveVazia(const _KX_NFE_ps& chave) noexcept { return chave == _KX_NFE_ps{}; }
 
 // Parts of a valid key; 0 when there is no key. Model 55 is the electronic invoice, 57 the

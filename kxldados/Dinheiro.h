@@ -20,6 +20,7 @@
 class KX_API CKXCurrencyEx {
  public:
   constexpr CKXCurrencyEx() noexcept = default;
+  // The same amount in the other type.
   constexpr CKXCurrencyEx(const CY& valor) noexcept : _Valor(valor) {}
   constexpr operator CY() const noexcept { return _Valor; }
 
@@ -28,12 +29,14 @@ class KX_API CKXCurrencyEx {
     return CY{unidades * kEscala};
   }
 
+  // Arithmetic, as said above.
   CKXCurrencyEx& operator+=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator-=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator*=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator/=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx operator-() const noexcept { return CKXCurrencyEx() -= *this; }
 
+  // Arithmetic, as said above.
   friend CKXCurrencyEx operator+(CKXCurrencyEx a, const CKXCurrencyEx& b) noexcept {
     return a += b;
   }
@@ -54,6 +57,7 @@ class KX_API CKXCurrencyEx {
   friend constexpr bool operator==(const CKXCurrencyEx& a, const CY& b) noexcept {
     return a._Valor == b;
   }
+  // By amount.
   friend constexpr std::strong_ordering operator<=>(const CKXCurrencyEx& a,
                                                     const CKXCurrencyEx& b) noexcept {
     return a._Valor.int64 <=> b._Valor.int64;
@@ -67,8 +71,10 @@ class KX_API CKXCurrencyEx {
 
 static_assert(sizeof(CKXCurrencyEx) == sizeof(CY));
 
+// The library's functions, and what its headers share.
 namespace kx {
 
+// Why a text is not an amount; Nenhum when it is.
 enum class ErroDinheiro : std::uint8_t { Nenhum, Vazio, NaoNumerico, ForaDaFaixa };
 
 // Reads an amount as XML Schema writes a decimal: an optional sign, digits, an optional point and

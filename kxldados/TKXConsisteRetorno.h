@@ -23,18 +23,22 @@ enum class KXModulo : std::int32_t {
 // One message: either the code of a message in the message file of a module, or a free text.
 class KX_API TKXConsisteRetornoItem {
  public:
+  // What the user is asked to do about the message.
   enum class eConsiste : std::int32_t {
-    Nenhum = 0,
+    Nenhum = 0,    // nothing
     Aviso = 1,     // the user is told and may go on
     Pergunta = 2,  // the user decides whether to go on
     Erro = 3,      // the object may not be saved
   };
 
   TKXConsisteRetornoItem() noexcept = default;
-  // The code is kept in 32 bits. The flag travels with the message; its sense belongs to the code.
+  // A code of a message file. The code is kept in 32 bits. The flag travels with the message; its
+  // sense belongs to the code.
   TKXConsisteRetornoItem(eConsiste tipo, KXModulo modulo, unsigned long codigo, bool flag) noexcept;
+  // A free text, of no module.
   TKXConsisteRetornoItem(eConsiste tipo, const CString& texto);
 
+  // What the message was made of; a free text has no module and no code, a code no text.
   eConsiste GetTipo() const noexcept { return _Tipo; }
   KXModulo GetModulo() const noexcept { return _Modulo; }
   unsigned long GetCodigo() const noexcept { return _Codigo; }
@@ -70,14 +74,19 @@ class KX_API TKXConsisteRetorno : public TKXBaseParaDados {
   TKXConsisteRetorno& operator=(TKXConsisteRetorno&& outro) noexcept;
   ~TKXConsisteRetorno() override;
 
+  // The module of the result.
   KXModulo GetModulo() const noexcept { return _Modulo; }
   // Sets the module of the result; its messages keep theirs.
   void SeteModuloCodigoKXMensagem(KXModulo modulo) noexcept { _Modulo = modulo; }
 
+  // Append a message.
   TKXConsisteRetorno& AdicionaItem(const TKXConsisteRetornoItem& item);
   TKXConsisteRetorno& AdicionaItem(TKXConsisteRetornoItem&& item);
+  // Removes one message; those after it move down.
   TKXConsisteRetorno& DeletarItem(long long indice);
+  // Removes every message; the module stays.
   TKXConsisteRetorno& RemoveTodosItem() noexcept;
+  // One message, their number, and all of them.
   const TKXConsisteRetornoItem& GetItem(long long indice) const;
   long long GetQuantidadeItem() const noexcept;
   const CKXVector<TKXConsisteRetornoItem>& GetListaItem() const noexcept { return _ListaItem; }

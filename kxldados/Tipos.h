@@ -13,16 +13,17 @@ static_assert(std::endian::native == std::endian::little, "records are little-en
 // Money, quantity or rate: the amount multiplied by 10,000 (the currency type of the component
 // object model).
 struct tagCY {
-  std::int64_t int64;
+  std::int64_t int64;  // the amount, in 1/10,000
   bool operator==(const tagCY&) const = default;
 };
+// The name by which fields know it.
 using CY = tagCY;
 
 // Calendar date.
 struct REG_KXDMA {
-  std::uint8_t Dia;  // 1 to 31
-  std::uint8_t Mes;  // 1 to 12
-  std::uint16_t Ano;
+  std::uint8_t Dia;   // 1 to 31
+  std::uint8_t Mes;   // 1 to 12
+  std::uint16_t Ano;  // 1 to 9999
   bool operator==(const REG_KXDMA&) const = default;
 };
 
@@ -31,45 +32,45 @@ struct REG_KXHMS {
   std::uint8_t Hora;     // 0 to 23
   std::uint8_t Minuto;   // 0 to 59
   std::uint8_t Segundo;  // 0 to 59
-  std::uint8_t Reserva;
+  std::uint8_t Reserva;  // carried unchanged
   bool operator==(const REG_KXHMS&) const = default;
 };
 
 // Date and time of day, UTC.
 struct REG_KXDMAHMSUTC {
-  REG_KXDMA Data;
-  REG_KXHMS Hora;
+  REG_KXDMA Data;  // the day
+  REG_KXHMS Hora;  // the time in it
   bool operator==(const REG_KXDMAHMSUTC&) const = default;
 };
 
 // Key of a document: the date that opens its series and its number within that date.
 struct REG_KXDMC {
-  REG_KXDMA Data;
-  std::uint32_t Contador;
+  REG_KXDMA Data;          // that opens the series
+  std::uint32_t Contador;  // number within that date
   bool operator==(const REG_KXDMC&) const = default;
 };
 
 // Access key of an electronic document, packed; kxldados/ChaveNFe.h converts it from and to its
 // 44 characters.
 struct _KX_NFE_ps {
-  std::uint64_t Partes[3];
+  std::uint64_t Partes[3];  // 44 characters; zeros when there is no key
   bool operator==(const _KX_NFE_ps&) const = default;
 };
 
 // Position of a product: its key and up to three items of its grid (size, colour...).
 struct _REG_POSICAO_PRODUTOPS {
-  std::int32_t PonteiroProduto;
-  std::uint16_t PonteiroItemGrade1;
-  std::uint16_t PonteiroItemGrade2;
-  std::uint16_t PonteiroItemGrade3;
-  std::uint8_t Reserva[6];
+  std::int32_t PonteiroProduto;      // product (key)
+  std::uint16_t PonteiroItemGrade1;  // first grid item (key)
+  std::uint16_t PonteiroItemGrade2;  // second grid item (key)
+  std::uint16_t PonteiroItemGrade3;  // third grid item (key)
+  std::uint8_t Reserva[6];           // carried unchanged
   bool operator==(const _REG_POSICAO_PRODUTOPS&) const = default;
 };
 
 // The 32-byte date-and-time value of the freight bill's installments: the date, then zeros.
 struct KXDataHora32 {
-  REG_KXDMA Data;
-  std::uint8_t Reserva[28];
+  REG_KXDMA Data;            // the day
+  std::uint8_t Reserva[28];  // carried unchanged
   bool operator==(const KXDataHora32&) const = default;
 };
 
@@ -77,8 +78,8 @@ struct KXDataHora32 {
 // release function of the record's class frees them.
 struct KXStringPS {
   std::uint32_t Tamanho;  // characters, the terminating zero included
-  std::uint32_t Reserva;
-  char* Texto;
+  std::uint32_t Reserva;  // zero
+  char* Texto;            // null when the text is empty
 };
 
 static_assert(sizeof(CY) == 8 && sizeof(REG_KXDMA) == 4 && sizeof(REG_KXHMS) == 4);

@@ -9,6 +9,7 @@
 
 #include "platform/Exporta.h"
 
+// The operating system, as the library sees it.
 namespace kx::plataforma {
 
 // --- Task allocator: the memory of records that travel to and from the server -----------------
@@ -33,6 +34,7 @@ KX_API void* CarregaBiblioteca(const char* nome) noexcept;
 // Address of an exported function of a loaded library, or null.
 KX_API void* EntradaDaBiblioteca(void* biblioteca, const char* entrada) noexcept;
 
+// Gives back what a call of CarregaBiblioteca loaded.
 KX_API void DescarregaBiblioteca(void* biblioteca) noexcept;
 
 // Longest module path, its terminating zero included; a longer path is cut.

@@ -85,6 +85,7 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
 #define KX_TABELA "re/tagREG_ENTRADAPS.def"
 #include "core/tabela/Acessores.h"
 
+  // The getters that the sums below add up.
   using GetterProduto = CKXDadosCM_REItemProduto::Function_Get_CURRENCY;
   using GetterProdutoUCHAR = CKXDadosCM_REItemProduto::Function_Get_UCHAR;
   using GetterServico = CKXDadosCM_REItemServico::Function_Get_CURRENCY;

@@ -38,6 +38,7 @@ class KX_API CKXDadosCM_REEntradaEstoque : public CKXDadosCM_RateioBase {
 #define KX_TABELA "re/_REG_ENTRADA_ESTOQUE_ENTRADAPS.def"
 #include "core/tabela/Acessores.h"
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REEntradaEstoque::*)() const;
 
   // The value of a money getter on this line.

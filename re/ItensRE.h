@@ -77,6 +77,7 @@ class KX_API CKXDadosCM_REItemProdutoTotais : public TKXCMBaseParaDados {
                         tagREG_ITEM_TOTAIS_ENTRADAPS)
   KX_CONVERSAO_DIRETA
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REItemProdutoTotais::*)() const;
 
 #define KX_CLASSE CKXDadosCM_REItemProdutoTotais
@@ -113,7 +114,9 @@ class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
 #define KX_TABELA "re/tagREG_ITEM_ENTRADA_PRODUTOPS.def"
 #include "core/tabela/Acessores.h"
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REItemProduto::*)() const;
+  // A getter of an 8-bit number of this class.
   using Function_Get_UCHAR = const std::uint8_t& (CKXDadosCM_REItemProduto::*)() const;
 
   // The value of a getter on this item.
@@ -158,6 +161,7 @@ class KX_API CKXDadosCM_REItemServico : public CKXDadosCM_REItemBase {
   KX_COLECAO(CKXDadosCM_REItemServico, ProcessoRetencaoAdicionalAjuizada,
              CKXDadosINTEG_EFMovimentoItemProcessoJuridicoEFD)
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REItemServico::*)() const;
 
 #define KX_CLASSE CKXDadosCM_REItemServico

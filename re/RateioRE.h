@@ -19,6 +19,7 @@ class KX_API CKXDadosCM_RERateioProduto : public CKXDadosCM_RateioBase {
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialOrigem, TKXGerencial)
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialFilialClassificacao, TKXGerencial)
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_RERateioProduto::*)() const;
 
   // The value of a money getter on this line.
@@ -47,6 +48,7 @@ class KX_API CKXDadosCM_RERateioServico : public CKXDadosCM_RateioBase {
   KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_RERateioServico, GerencialFilialClassificacao, TKXGerencial)
 
+  // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_RERateioServico::*)() const;
 
   // The value of a money getter on this line.

@@ -118,6 +118,7 @@ class KX_API CKXDadosCM_SCSolicitacaoCompra : public TKXCMBaseParaDados {
 #define KX_TABELA "sc/tagREG_SOLICITACAO_COMPRAPS.def"
 #include "core/tabela/Acessores.h"
 
+  // The link, to be changed.
   CIEVinculo& GetRefVinculo() { return _Vinculo; }
 
   // Remarks longer than this lose what follows when the request is converted.

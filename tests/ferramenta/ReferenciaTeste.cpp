@@ -2,6 +2,8 @@
 // document pages show is in the examples, which are compiled and run.
 #include <algorithm>
 #include <map>
+#include <regex>
+#include <set>
 #include <sstream>
 
 #include "Execucao.h"
@@ -10,6 +12,8 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+const fs::path kRaiz = KX_RAIZ;
 
 using Arquivos = std::map<std::string, std::string>;
 
@@ -54,6 +58,34 @@ std::vector<std::string> Trechos(const std::string& pagina) {
   return trechos;
 }
 
+// What a page has, without its words: headings, blocks of code, commands, numbered items.
+std::string Esqueleto(const std::string& pagina) {
+  std::istringstream linhas(pagina);
+  std::string esqueleto;
+  for (std::string linha; std::getline(linhas, linha);) {
+    const std::string marca = linha.substr(0, linha.find(' '));
+    if (marca == "##" || linha.starts_with("```") || linha.starts_with("    ./dev") ||
+        linha.starts_with("    kxdados") || (marca.size() == 2 && marca[1] == '.')) {
+      esqueleto += linha.substr(0, linha.find_first_of(" #", linha.find_first_not_of(' '))) + '\n';
+    }
+  }
+  return esqueleto;
+}
+
+// The names that end in a marker, within a piece of a file from one text to the next one.
+std::set<std::string> Nomes(const char* arquivo, const std::string& de, const std::string& ate,
+                            const std::string& marcador) {
+  const std::string texto = LeArquivo(kRaiz / arquivo);
+  const std::size_t inicio = texto.find(de);
+  const std::string trecho = texto.substr(inicio, texto.find(ate, inicio + 1) - inicio);
+  const std::regex nome("(\\w+)" + marcador + "\\(");
+  std::set<std::string> nomes;
+  for (std::sregex_iterator i(trecho.begin(), trecho.end(), nome), fim; i != fim; ++i) {
+    nomes.insert((*i)[1]);
+  }
+  return nomes;
+}
+
 template <class... C>
 std::vector<std::pair<std::string, std::string>> ClassesERegistros(testing::Types<C...>) {
   return {{C::GetThisClass()->m_lpszClassName, KXMetadados<typename C::Registro>::kInfo.Nome}...};
@@ -64,7 +96,7 @@ std::vector<std::pair<std::string, std::string>> ClassesERegistros(testing::Type
 TEST_F(FerramentaTeste, PaginasDosRegistrosEmDia) {
   ASSERT_EQ(Executa({"leiaute", "--tudo", _pasta.string()}).Status, 0);
   const Arquivos escritas = Paginas(_pasta);
-  const Arquivos guardadas = Paginas(fs::path(KX_RAIZ) / "docs");
+  const Arquivos guardadas = Paginas(kRaiz / "docs");
   EXPECT_EQ(Diferentes(escritas, guardadas), "") << "run: kxdados leiaute --tudo docs";
   EXPECT_EQ(Diferentes(guardadas, escritas), "") << "pages of no record are to be removed";
 
@@ -89,19 +121,37 @@ TEST_F(FerramentaTeste, PaginaQueNaoSeGrava) {
 // Indentation apart, since a page shows the inside of a function.
 TEST(Documentacao, ExemplosDasPaginasSaoReais) {
   std::string exemplos;
-  for (const auto& fonte : fs::directory_iterator(fs::path(KX_RAIZ) / "examples")) {
+  for (const auto& fonte : fs::directory_iterator(kRaiz / "examples")) {
     if (fonte.path().extension() == ".cpp") exemplos += SemRecuo(LeArquivo(fonte.path()));
   }
-  std::size_t paginas = 0;
-  for (const auto& pagina : fs::directory_iterator(fs::path(KX_RAIZ) / "docs/documentos")) {
-    ++paginas;
-    const std::vector<std::string> trechos = Trechos(LeArquivo(pagina.path()));
-    EXPECT_FALSE(trechos.empty()) << pagina.path();
+  std::vector<fs::path> paginas{kRaiz / "README.md", kRaiz / "LEIAME.md"};
+  for (const auto& pagina : fs::directory_iterator(kRaiz / "docs/documentos")) {
+    paginas.push_back(pagina.path());
+  }
+  EXPECT_GE(paginas.size(), 9U);
+  for (const fs::path& pagina : paginas) {
+    const std::vector<std::string> trechos = Trechos(LeArquivo(pagina));
+    EXPECT_FALSE(trechos.empty()) << pagina;
     for (const std::string& trecho : trechos) {
       EXPECT_NE(exemplos.find(SemRecuo(trecho)), std::string::npos)
-          << pagina.path() << " shows what is in no example:\n"
+          << pagina << " shows what is in no example:\n"
           << trecho;
     }
   }
-  EXPECT_EQ(paginas, 7U);
+}
+
+TEST(Documentacao, LeiameSegueOReadme) {
+  EXPECT_EQ(Esqueleto(LeArquivo(kRaiz / "LEIAME.md")), Esqueleto(LeArquivo(kRaiz / "README.md")));
+}
+
+// The reference shows what the macros declare, which it reads from a file of its own.
+TEST(Documentacao, ReferenciaMostraOQueAsMacrosDeclaram) {
+  for (const auto& [cabecalho, macro] :
+       {std::pair{"core/Colecao.h", "KX_COLECAO"}, std::pair{"core/Membro.h", "KX_MEMBRO"}}) {
+    const auto declarados = Nomes(cabecalho, std::string("#define ") + macro, "\n\n", "##Nome");
+    EXPECT_GT(declarados.size(), 1U) << macro;
+    EXPECT_EQ(Nomes("docs/doxygen/membros.txt", std::string("\n= ") + macro, "\n= ", "\\$Nome\\$"),
+              declarados)
+        << macro;
+  }
 }

@@ -4,6 +4,8 @@
 #include <iosfwd>
 #include <string>
 
+#include "core/Metadados.h"
+
 namespace kxdados {
 
 // All records, one a line.
@@ -13,7 +15,10 @@ void ListaRegistros(std::ostream& saida);
 // `erros`.
 bool EscreveLeiaute(std::ostream& saida, std::ostream& erros, const std::string& nome);
 
-// The layout reference of all records, Markdown.
-void EscreveReferencia(std::ostream& saida);
+// The type of a field as layouts show it: uint16, CY, char[30]...
+std::string TipoDoCampo(const KXCampo& campo);
+
+// The field's place in the order of comparison; empty when it is not compared.
+std::string LugarNaIgualdade(const KXCampo& campo);
 
 }  // namespace kxdados

@@ -13,6 +13,7 @@
 
 #include "Importa.h"
 #include "Leiaute.h"
+#include "Referencia.h"
 #include "compras/KXDadosCompras.h"
 
 namespace {
@@ -47,9 +48,9 @@ void Traduz(CLI::App& app) {
 }
 
 CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
-  CLI::App* comando = app.add_subcommand(
-      "importa",
-      "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos de transporte (CT-e 3.00 e 4.00)");
+  CLI::App* comando = app.add_subcommand("importa",
+                                         "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos "
+                                         "de transporte (CT-e e CT-e OS 3.00 e 4.00)");
   comando->group("Comandos");
   comando->get_help_ptr()->group("Opções");
   comando->footer(
@@ -71,7 +72,16 @@ CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados&
   return comando;
 }
 
-CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, bool& tudo) {
+CLI::Validator Pasta() {
+  const auto confere = [](const std::string& texto) -> std::string {
+    std::error_code ignorado;
+    if (std::filesystem::is_directory(texto, ignorado)) return {};
+    return "não é uma pasta: " + texto;
+  };
+  return {confere, ""};
+}
+
+CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, std::string& pasta) {
   CLI::App* comando = app.add_subcommand("leiaute", "Mostra o leiaute dos registros");
   comando->group("Comandos");
   comando->get_help_ptr()->group("Opções");
@@ -79,7 +89,10 @@ CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, bool& tudo) {
       comando
           ->add_option("REGISTRO", registro, "Nome do registro; sem ele, lista todos os registros")
           ->type_name("");
-  comando->add_flag("--tudo", tudo, "Todos os registros, em Markdown")->excludes(nome);
+  comando->add_option("--tudo", pasta, "Grava na PASTA uma página de cada registro, em Markdown")
+      ->type_name("PASTA")
+      ->check(Pasta())
+      ->excludes(nome);
   return comando;
 }
 
@@ -129,11 +142,8 @@ int ExecutaImporta(kxdados::OpcoesImporta& opcoes, const Digitados& digitados) {
   return kxdados::Importa(opcoes);
 }
 
-int ExecutaLeiaute(const std::string& registro, bool tudo) {
-  if (tudo) {
-    kxdados::EscreveReferencia(std::cout);
-    return 0;
-  }
+int ExecutaLeiaute(const std::string& registro, const std::string& pasta) {
+  if (!pasta.empty()) return kxdados::EscreveReferencia(pasta) ? 0 : kErro;
   if (registro.empty()) {
     kxdados::ListaRegistros(std::cout);
     return 0;
@@ -152,15 +162,15 @@ int Executa(int argc, char** argv) {
   kxdados::OpcoesImporta opcoes;
   Digitados digitados;
   std::string registro;
-  bool tudo = false;
+  std::string pasta;
   const CLI::App* importa = MontaImporta(app, opcoes, digitados);
-  MontaLeiaute(app, registro, tudo);
+  MontaLeiaute(app, registro, pasta);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& erro) {
     return Termina(app, erro);
   }
-  return importa->parsed() ? ExecutaImporta(opcoes, digitados) : ExecutaLeiaute(registro, tudo);
+  return importa->parsed() ? ExecutaImporta(opcoes, digitados) : ExecutaLeiaute(registro, pasta);
 }
 
 }  // namespace
