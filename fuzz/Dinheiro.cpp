@@ -1,0 +1,152 @@
+// Money: arithmetic against integers of 128 bits, and conversion from and to text.
+#include "kxldados/Dinheiro.h"
+
+#include <limits>
+
+#include "fuzz/Fuzz.h"
+
+namespace {
+
+using fuzz::Bytes;
+__extension__ using i128 = __int128;
+
+constexpr i128 kEscala = 10'000;
+constexpr i128 kMaximo = std::numeric_limits<std::int64_t>::max();
+constexpr i128 kMinimo = std::numeric_limits<std::int64_t>::min();
+
+bool Cabe(i128 valor) { return valor >= kMinimo && valor <= kMaximo; }
+
+CY Dentro(i128 valor) { return {Cabe(valor) ? static_cast<std::int64_t>(valor) : 0}; }
+
+// Rounded half to even; the divisor is not zero.
+i128 Divide(i128 dividendo, i128 divisor) {
+  if (divisor < 0) return Divide(-dividendo, -divisor);
+  i128 piso = dividendo / divisor;
+  if (piso * divisor > dividendo) --piso;
+  const i128 dobro = (dividendo - piso * divisor) * 2;
+  const bool sobe = dobro > divisor || (dobro == divisor && piso % 2 != 0);
+  return sobe ? piso + 1 : piso;
+}
+
+// Any amount; those near a power of two, near zero and near the ends come up more often.
+CY LeValor(Bytes& bytes) {
+  const unsigned modo = bytes.Ate(3);
+  if (modo == 0) return {bytes.Valor<std::int64_t>()};
+  if (modo == 1) return {bytes.Valor<std::int32_t>()};
+  const auto perto = static_cast<std::uint64_t>(std::int64_t{bytes.Valor<std::int8_t>()});
+  const std::uint64_t potencia = std::uint64_t{1} << bytes.Ate(63);
+  return {static_cast<std::int64_t>(modo == 2 ? potencia + perto : perto - potencia)};
+}
+
+void ExigeContas(CY a, CY b) {
+  const CKXCurrencyEx x = a;
+  const CKXCurrencyEx y = b;
+  const i128 va = a.int64;
+  const i128 vb = b.int64;
+  KX_EXIGE(x + y == Dentro(va + vb));
+  KX_EXIGE(x - y == Dentro(va - vb));
+  KX_EXIGE(-x == Dentro(-va));
+  KX_EXIGE(x * y == Dentro(Divide(va * vb, kEscala)));
+  KX_EXIGE(x / y == (vb == 0 ? CY{} : Dentro(Divide(va * kEscala, vb))));
+  KX_EXIGE((x < y) == (va < vb) && (x == y) == (va == vb));
+}
+
+// The form that the reading takes, of the form of the writing.
+std::string SemMilhares(const std::string& texto) {
+  std::string lido;
+  for (const char c : texto) {
+    if (c != '.') lido += c == ',' ? '.' : c;
+  }
+  return lido;
+}
+
+void ExigeIdaEVolta(CY valor, int minimo) {
+  const std::string texto = kx::TextoDeDinheiro(valor, minimo);
+  CY lido{};
+  KX_EXIGE(kx::DinheiroDeTexto(SemMilhares(texto), lido) == kx::ErroDinheiro::Nenhum, texto);
+  KX_EXIGE(lido == valor, texto);
+  const std::size_t virgula = texto.find(',');
+  const std::size_t casas = virgula == std::string::npos ? 0 : texto.size() - virgula - 1;
+  const std::size_t pedidas = minimo < 0 ? 0 : static_cast<std::size_t>(minimo);
+  KX_EXIGE(casas <= 4 && casas >= (pedidas > 4 ? 4 : pedidas), texto);
+  KX_EXIGE(casas <= pedidas || texto.back() != '0', texto);
+
+  // Counted from the comma, every fourth character of the whole part is a point.
+  std::string inteiros = texto.substr(0, virgula);
+  if (valor.int64 < 0) inteiros.erase(0, 1);
+  for (std::size_t i = 0; i < inteiros.size(); ++i) {
+    KX_EXIGE((inteiros[i] == '.') == ((inteiros.size() - i) % 4 == 0), texto);
+  }
+}
+
+bool EhBranco(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+struct Leitura {
+  kx::ErroDinheiro Erro;
+  CY Valor;
+};
+
+// The reading, digit after digit: the decimals beyond the fourth are kept as what they are compared
+// with one half, and magnitudes stop growing where they are out of range anyway.
+Leitura LePlano(std::string texto) {
+  while (!texto.empty() && EhBranco(texto.back())) texto.pop_back();
+  std::size_t i = 0;
+  while (i < texto.size() && EhBranco(texto[i])) ++i;
+  if (i == texto.size()) return {kx::ErroDinheiro::Vazio, {}};
+  const bool negativo = texto[i] == '-';
+  if (negativo || texto[i] == '+') ++i;
+
+  constexpr i128 kTeto = kMaximo * 100;
+  i128 modulo = 0;
+  int casas = -1;  // before the point
+  int digitos = 0;
+  int meio = -1;  // of what is dropped: -1 below one half, 0 the half, 1 above it
+  for (; i < texto.size(); ++i) {
+    if (texto[i] == '.' && casas < 0) {
+      casas = 0;
+      continue;
+    }
+    if (texto[i] < '0' || texto[i] > '9') return {kx::ErroDinheiro::NaoNumerico, {}};
+    const int digito = texto[i] - '0';
+    ++digitos;
+    if (casas >= 0) ++casas;
+    if (casas <= 4 && modulo < kTeto) modulo = modulo * 10 + digito;
+    if (casas == 5) meio = digito > 5 ? 1 : (digito == 5 ? 0 : -1);
+    if (casas > 5 && meio == 0 && digito > 0) meio = 1;
+  }
+  if (digitos == 0) return {kx::ErroDinheiro::NaoNumerico, {}};
+  for (int casa = casas < 0 ? 0 : casas; casa < 4; ++casa) modulo *= 10;
+  if (meio > 0 || (meio == 0 && modulo % 2 != 0)) ++modulo;
+  const i128 valor = negativo ? -modulo : modulo;
+  if (!Cabe(valor)) return {kx::ErroDinheiro::ForaDaFaixa, {}};
+  return {kx::ErroDinheiro::Nenhum, {static_cast<std::int64_t>(valor)}};
+}
+
+void ExigeLeitura(const std::string& texto) {
+  constexpr CY kAntes{77};
+  const Leitura esperada = LePlano(texto);
+  CY lido = kAntes;
+  KX_EXIGE(kx::DinheiroDeTexto(texto, lido) == esperada.Erro, texto);
+  KX_EXIGE(lido == (esperada.Erro == kx::ErroDinheiro::Nenhum ? esperada.Valor : kAntes), texto);
+}
+
+// Digits for most bytes, so that few texts are refused.
+std::string Numero(std::string texto) {
+  constexpr std::string_view kCaracteres = "0123456789055550999900009.-+ ,e";
+  for (char& c : texto) c = kCaracteres[static_cast<unsigned char>(c) % kCaracteres.size()];
+  return texto;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+  Bytes bytes(dados, tamanho);
+  const CY a = LeValor(bytes);
+  const CY b = LeValor(bytes);
+  ExigeContas(a, b);
+  ExigeIdaEVolta(a, bytes.Valor<std::int8_t>());
+  const std::string texto = bytes.Tudo();
+  ExigeLeitura(texto);
+  ExigeLeitura(Numero(texto));
+  return 0;
+}

@@ -1,0 +1,366 @@
+// Texts, dates, access keys and checksums against plain versions of themselves.
+#include <algorithm>
+#include <ctime>
+#include <stdexcept>
+#include <vector>
+
+#include "Latin1.h"
+#include "core/Checksum.h"
+#include "core/TKXCMBaseParaDados.h"
+#include "core/TextoFixo.h"
+#include "fuzz/Fuzz.h"
+#include "kxldados/ChaveNFe.h"
+#include "kxldados/Datas.h"
+
+namespace {
+
+using fuzz::Bytes;
+
+// A text of few different characters, so that searches find something.
+std::string TextoPobre(Bytes& bytes, std::string_view caracteres, std::size_t maximo) {
+  std::string texto = bytes.Texto(maximo);
+  for (char& c : texto) c = caracteres[static_cast<unsigned char>(c) % caracteres.size()];
+  return texto;
+}
+
+void Historico(Bytes& bytes) {
+  using namespace std::string_view_literals;
+  const std::string a = TextoPobre(bytes, "\r\n\nabAB \0\xE7"sv, 40);
+  // The other one is often the same with a line end more, or with another tail.
+  std::string b = bytes.Byte() % 4 == 0 ? TextoPobre(bytes, "\r\n\nab"sv, 40) : a;
+  b.insert(bytes.Byte() % (b.size() + 1), TextoPobre(bytes, "\r\n\nc"sv, 3));
+  const auto compara = &TKXCMBaseParaDados::ComparaComplementoHistorico;
+  const CString textoA{std::string_view(a)};
+  const CString textoB{std::string_view(b)};
+  KX_EXIGE(compara(textoA, textoB) == (fuzz::TresLinhas(a) == fuzz::TresLinhas(b)), a + "|" + b);
+  KX_EXIGE(compara(textoB, textoA) == compara(textoA, textoB) && compara(textoA, textoA));
+}
+
+// The position, brought within the text.
+std::size_t Dentro(const std::string& texto, int posicao) {
+  return std::min(static_cast<std::size_t>(std::max(posicao, 0)), texto.size());
+}
+
+int Posicao(std::size_t posicao) {
+  return posicao == std::string::npos ? -1 : static_cast<int>(posicao);
+}
+
+std::string Meio(const std::string& texto, int primeiro, int quantos) {
+  return texto.substr(Dentro(texto, primeiro), Dentro(texto, quantos));
+}
+
+bool Contem(const std::string& quais, char c) { return quais.find(c) != std::string::npos; }
+
+std::string Aparado(const std::string& texto, const std::string& quais, bool inicio, bool fim) {
+  std::string aparado = texto;
+  while (fim && !aparado.empty() && Contem(quais, aparado.back())) aparado.pop_back();
+  while (inicio && !aparado.empty() && Contem(quais, aparado.front())) aparado.erase(0, 1);
+  return aparado;
+}
+
+std::string Trocado(const std::string& texto, const std::string& velho, const std::string& novo,
+                    int& trocas) {
+  std::string trocado;
+  for (std::size_t i = 0; i < texto.size();) {
+    const bool achou = !velho.empty() && texto.compare(i, velho.size(), velho) == 0;
+    trocado += achou ? novo : texto.substr(i, 1);
+    i += achou ? velho.size() : 1;
+    trocas += achou ? 1 : 0;
+  }
+  return trocado;
+}
+
+std::vector<std::string> Palavras(const std::string& texto, const std::string& delimitadores) {
+  std::vector<std::string> palavras;
+  bool dentro = false;
+  for (const char c : texto) {
+    const bool fim = Contem(delimitadores, c);
+    if (!fim && !dentro) palavras.emplace_back();
+    if (!fim) palavras.back() += c;
+    dentro = !fim;
+  }
+  return palavras;
+}
+
+// Lower and upper case lie 32 apart, but for what has no counterpart and for four pairs.
+char Trocada(char caractere, bool maiuscula) {
+  static const std::string kMinusculas =
+      "abcdefghijklmnopqrstuvwxyz"
+      "\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE7\xE8\xE9\xEA\xEB\xEC\xED\xEE\xEF"
+      "\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC\xFD\xFE\x9A\x9C\x9E\xFF";
+  static const std::string kMaiusculas =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+      "\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9\xCA\xCB\xCC\xCD\xCE\xCF"
+      "\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD\xDE\x8A\x8C\x8E\x9F";
+  const std::size_t i = (maiuscula ? kMinusculas : kMaiusculas).find(caractere);
+  return i == std::string::npos ? caractere : (maiuscula ? kMaiusculas : kMinusculas)[i];
+}
+
+std::string Trocada(std::string texto, bool maiuscula) {
+  for (char& c : texto) c = Trocada(c, maiuscula);
+  return texto;
+}
+
+void ExigeBuscas(const CString& texto, const std::string& plano, const std::string& trecho, int a,
+                 int b) {
+  const char c = trecho.empty() ? 'a' : trecho[0];
+  KX_EXIGE(texto.Left(a).Vista() == Meio(plano, 0, a));
+  KX_EXIGE(texto.Right(a).Vista() == plano.substr(plano.size() - Dentro(plano, a)));
+  KX_EXIGE(texto.Mid(a).Vista() == plano.substr(Dentro(plano, a)));
+  KX_EXIGE(texto.Mid(a, b).Vista() == Meio(plano, a, b));
+  KX_EXIGE(texto.Find(c, a) == Posicao(plano.find(c, Dentro(plano, a))));
+  KX_EXIGE(texto.Find(trecho.c_str(), a) == Posicao(plano.find(trecho, Dentro(plano, a))));
+  KX_EXIGE(texto.ReverseFind(c) == Posicao(plano.rfind(c)));
+
+  std::vector<std::string> palavras;
+  int inicio = 0;
+  for (CString palavra = texto.Tokenize(trecho.c_str(), inicio); inicio != -1;
+       palavra = texto.Tokenize(trecho.c_str(), inicio)) {
+    palavras.emplace_back(palavra.Vista());
+  }
+  KX_EXIGE(palavras == Palavras(plano, trecho));
+
+  bool fora = false;
+  try {
+    const char achado = texto.GetAt(a);
+    KX_EXIGE(achado == plano.c_str()[a]);
+  } catch (const std::out_of_range&) {
+    fora = true;
+  }
+  KX_EXIGE(fora == (a < 0 || a > static_cast<int>(plano.size())));
+}
+
+void ExigeMudancas(const CString& texto, const std::string& plano, const std::string& trecho,
+                   const std::string& outro, int a, int b) {
+  KX_EXIGE(CString(texto).Trim(trecho.c_str()).Vista() == Aparado(plano, trecho, true, true));
+  KX_EXIGE(CString(texto).TrimLeft(trecho.c_str()).Vista() == Aparado(plano, trecho, true, false));
+  KX_EXIGE(CString(texto).TrimRight(trecho.c_str()).Vista() == Aparado(plano, trecho, false, true));
+  KX_EXIGE(CString(texto).MakeUpper().Vista() == Trocada(plano, true));
+  KX_EXIGE(CString(texto).MakeLower().Vista() == Trocada(plano, false));
+
+  CString mudado = texto;
+  int trocas = 0;
+  const std::string trocado = Trocado(plano, trecho, outro, trocas);
+  KX_EXIGE(mudado.Replace(trecho.c_str(), outro.c_str()) == trocas && mudado.Vista() == trocado);
+  mudado = texto;
+  std::string apagado = plano;
+  apagado.erase(Dentro(plano, a), Dentro(plano, b));
+  KX_EXIGE(mudado.Delete(a, b) == static_cast<int>(apagado.size()) && mudado.Vista() == apagado);
+  mudado = texto;
+  const std::string inserido =
+      plano.substr(0, Dentro(plano, a)) + trecho + plano.substr(Dentro(plano, a));
+  KX_EXIGE(mudado.Insert(a, trecho.c_str()) == mudado.GetLength() && mudado.Vista() == inserido);
+  mudado.Format("%d|%s|%c", a, mudado.GetString(), 'x');
+  KX_EXIGE(mudado.Vista() == std::to_string(a) + "|" + inserido + "|x");
+}
+
+int Sinal(int n) { return (n > 0) - (n < 0); }
+
+void OperacoesDeTexto(Bytes& bytes) {
+  const std::string plano = TextoPobre(bytes, "aAbB, \t\n\xE7\xC7\x8A\x9A\xFF\x9F\xD7\xF7", 48);
+  const std::string trecho = TextoPobre(bytes, "ab, \xE7", 3);
+  const std::string outro = TextoPobre(bytes, "abB\xC7,", 4);
+  const int a = bytes.Byte() % 8 == 0 ? bytes.Valor<std::int32_t>() : bytes.Valor<std::int8_t>();
+  const int b = bytes.Byte() % 8 == 0 ? bytes.Valor<std::int32_t>() : bytes.Valor<std::int8_t>();
+  const CString texto(plano.c_str());
+  ExigeBuscas(texto, plano, trecho, a, b);
+  ExigeMudancas(texto, plano, trecho, outro, a, b);
+  KX_EXIGE(texto.Compare(outro.c_str()) == Sinal(plano.compare(outro)));
+  KX_EXIGE(texto.CompareNoCase(outro.c_str()) ==
+           Sinal(Trocada(plano, false).compare(Trocada(outro, false))));
+}
+
+// Field and text each in memory of exactly their size.
+void TextoFixo(Bytes& bytes) {
+  const std::size_t largura = 1 + bytes.Ate(39);
+  const std::string origem = bytes.Texto(60);
+  const int tamanho = bytes.Byte() % 16 == 0 && origem.size() >= largura
+                          ? -1 - bytes.Byte()
+                          : static_cast<int>(origem.size());
+  const std::size_t ate = tamanho < 0 ? largura : origem.size();
+  std::string esperado = origem.substr(0, std::min(ate, largura - 1));
+  esperado.resize(largura);
+
+  const std::vector<char> texto(origem.begin(), origem.end());
+  std::vector<char> campo(largura, '#');
+  kx::CopiaTextoFixo(campo.data(), largura, texto.data(), tamanho, "fuzz", 1);
+  KX_EXIGE(std::equal(campo.begin(), campo.end(), esperado.begin()));
+  KX_EXIGE(kx::LeTextoFixo(campo.data(), largura).Vista() == esperado.c_str());
+
+  // From within the field itself.
+  const std::string antes = esperado;
+  const std::size_t inicio = bytes.Byte() % largura;
+  const std::size_t quantos = bytes.Byte() % (largura - inicio + 1);
+  esperado = antes.substr(inicio, std::min(quantos, largura - 1));
+  esperado.resize(largura);
+  kx::CopiaTextoFixo(campo.data(), largura, campo.data() + inicio, static_cast<int>(quantos),
+                     "fuzz", 2);
+  KX_EXIGE(std::equal(campo.begin(), campo.end(), esperado.begin()));
+}
+
+std::string Formatado(const char* formato, auto... valores) {
+  CString texto;
+  texto.Format(formato, valores...);
+  return std::string(texto.Vista());
+}
+
+bool ExisteODia(int dia, int mes, int ano) {
+  constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  if (mes < 1 || mes > 12 || ano < 1 || ano > 9999) return false;
+  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
+  return dia >= 1 && dia <= kDias[mes - 1] + (mes == 2 && bissexto ? 1 : 0);
+}
+
+// What the C library says of the same moment.
+std::tm EmUTC(std::tm partes, int minutosDoFuso) {
+  const std::time_t momento = timegm(&partes) - std::time_t{minutosDoFuso} * 60;
+  std::tm utc{};
+  gmtime_r(&momento, &utc);
+  return utc;
+}
+
+void Datas(Bytes& bytes) {
+  const int ano = bytes.Valor<std::uint16_t>() % 10001;
+  const int mes = static_cast<int>(bytes.Ate(13));
+  const int dia = static_cast<int>(bytes.Ate(32));
+  const int hora = static_cast<int>(bytes.Ate(24));
+  const int minuto = static_cast<int>(bytes.Ate(60));
+  const int segundo = static_cast<int>(bytes.Ate(60));
+  const int horas = static_cast<int>(bytes.Ate(24));
+  const int minutos = static_cast<int>(bytes.Ate(60));
+  const char sinal = bytes.Byte() % 2 == 0 ? '+' : '-';
+  const std::string texto = Formatado("%04d-%02d-%02d", ano, mes, dia);
+  const bool existe = ExisteODia(dia, mes, ano) && texto.size() == 10;
+
+  REG_KXDMA data{9, 9, 9};
+  KX_EXIGE(kx::DataDeISO(texto, data) == existe, texto);
+  const std::string escrita =
+      existe ? Formatado("%02d/%02d/%04d", dia, mes, ano) : std::string("09/09/0009");
+  KX_EXIGE(kx::TextoDeData(data) == escrita, texto);
+
+  const std::string completo =
+      texto + Formatado("T%02d:%02d:%02d%c%02d:%02d", hora, minuto, segundo, sinal, horas, minutos);
+  const int fuso = (horas * 60 + minutos) * (sinal == '-' ? -1 : 1);
+  std::tm partes{};
+  partes.tm_year = ano - 1900;
+  partes.tm_mon = mes - 1;
+  partes.tm_mday = dia;
+  partes.tm_hour = hora;
+  partes.tm_min = minuto;
+  partes.tm_sec = segundo;
+  const std::tm utc = EmUTC(partes, fuso);
+  const int anoUTC = utc.tm_year + 1900;
+  const bool valida = existe && hora <= 23 && minuto <= 59 && segundo <= 59 && horas <= 23 &&
+                      minutos <= 59 && anoUTC >= 1 && anoUTC <= 9999;
+  REG_KXDMAHMSUTC dataHora{};
+  KX_EXIGE(kx::DataHoraDeISO(completo, dataHora) == valida, completo);
+  const std::string emUTC =
+      valida ? Formatado("%02d/%02d/%04d %02d:%02d:%02d", utc.tm_mday, utc.tm_mon + 1, anoUTC,
+                         utc.tm_hour, utc.tm_min, utc.tm_sec)
+             : std::string();
+  KX_EXIGE(kx::TextoDeDataHora(dataHora) == emUTC, completo);
+}
+
+// Whatever is taken for a date was one: it is written with the digits that were read.
+void DatasQuaisquer(Bytes& bytes) {
+  const std::string texto = TextoPobre(bytes, "01239--::TZ+. ", 32);
+  REG_KXDMA data{};
+  if (kx::DataDeISO(texto, data)) {
+    KX_EXIGE(kx::DataValida(data));
+    KX_EXIGE(kx::TextoDeData(data) ==
+             texto.substr(8, 2) + "/" + texto.substr(5, 2) + "/" + texto.substr(0, 4));
+  } else {
+    KX_EXIGE(kx::DataVazia(data));
+  }
+  REG_KXDMAHMSUTC dataHora{};
+  if (kx::DataHoraDeISO(texto, dataHora)) {
+    KX_EXIGE(kx::DataValida(dataHora.Data) && kx::HoraValida(dataHora.Hora), texto);
+  } else {
+    KX_EXIGE(dataHora == REG_KXDMAHMSUTC{});
+  }
+}
+
+char DigitoDaChave(const std::string& chave) {
+  constexpr int kPesos[] = {2, 3, 4, 5, 6, 7, 8, 9};
+  int soma = 0;
+  for (int i = 0; i < 43; ++i) {
+    soma += (chave[static_cast<std::size_t>(42 - i)] - '0') * kPesos[i % 8];
+  }
+  const int digito = 11 - soma % 11;
+  return static_cast<char>('0' + (digito >= 10 ? 0 : digito));
+}
+
+void Chaves(Bytes& bytes) {
+  constexpr std::string_view kCaracteres = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  std::string texto(44, '0');
+  for (std::size_t i = 0; i < texto.size(); ++i) {
+    texto[i] = kCaracteres[bytes.Byte() % (i >= 6 && i < 18 ? 36 : 10)];
+  }
+  texto.back() = DigitoDaChave(texto);
+  _KX_NFE_ps chave{{1, 2, 3}};
+  KX_EXIGE(kx::ChaveDeTexto(texto, chave) == kx::ErroChave::Nenhum, texto);
+  KX_EXIGE(kx::TextoDeChave(chave) == texto, texto);
+  KX_EXIGE(kx::ModeloDaChave(chave) == std::stoi(texto.substr(20, 2)), texto);
+  KX_EXIGE(kx::SerieDaChave(chave) == std::stoi(texto.substr(22, 3)), texto);
+  KX_EXIGE(kx::NumeroDaChave(chave) == std::stoi(texto.substr(25, 9)), texto);
+
+  // One character changed is refused, unless the digit has the same value: 10 and 11 are one, and
+  // letters lie farther apart than the digits of modulo 11.
+  std::string errado = texto;
+  errado[bytes.Byte() % errado.size()] = static_cast<char>(bytes.Byte());
+  _KX_NFE_ps outra{{1, 2, 3}};
+  if (kx::ChaveDeTexto(errado, outra) == kx::ErroChave::Nenhum) {
+    KX_EXIGE(DigitoDaChave(errado) == errado.back() && kx::TextoDeChave(outra) == errado, errado);
+  } else {
+    KX_EXIGE(outra == (_KX_NFE_ps{{1, 2, 3}}), errado);
+  }
+
+  const auto qualquer = bytes.Valor<_KX_NFE_ps>();
+  const std::string lida = kx::TextoDeChave(qualquer);
+  KX_EXIGE(lida.empty() ||
+           (kx::ChaveDeTexto(lida, outra) == kx::ErroChave::Nenhum && outra == qualquer));
+}
+
+void Checksums(Bytes& bytes) {
+  const auto anterior = bytes.Valor<std::uint32_t>();
+  const unsigned corte = bytes.Byte();
+  // Long enough for the carry-less multiplication, whatever the length of the input.
+  std::string dados = bytes.Tudo();
+  while (!dados.empty() && dados.size() < 600) dados += dados + 'x';
+  std::uint32_t plano = anterior;
+  for (const char c : dados) {
+    plano ^= static_cast<unsigned char>(c);
+    for (int bit = 0; bit < 8; ++bit) plano = (plano >> 1) ^ ((plano & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  KX_EXIGE(kx::CalculaChecksumTabela(dados.data(), dados.size(), anterior) == plano);
+  KX_EXIGE(kx::CalculaChecksum(dados.data(), dados.size(), anterior) == plano);
+  const std::size_t meio = std::min<std::size_t>(corte, dados.size());
+  const std::uint32_t primeiro = kx::CalculaChecksum(dados.data(), meio, anterior);
+  KX_EXIGE(kx::CalculaChecksum(dados.data() + meio, dados.size() - meio, primeiro) == plano);
+}
+
+bool EhControle(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
+}
+
+void Transcodifica(Bytes& bytes) {
+  std::string texto = bytes.Texto(60);
+  const std::string utf8 = kxdados::UTF8DeLatin1(texto);
+  KX_EXIGE(kxdados::EhUTF8(utf8), utf8);
+  const std::string qualquer(kxdados::Latin1DeUTF8(texto).Vista());
+  KX_EXIGE(qualquer.size() <= texto.size() * 3);
+  std::replace_if(texto.begin(), texto.end(), EhControle, 'x');
+  KX_EXIGE(kxdados::Latin1DeUTF8(kxdados::UTF8DeLatin1(texto)).Vista() == texto, texto);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+  constexpr void (*kProvas[])(Bytes&) = {Historico, OperacoesDeTexto, TextoFixo,
+                                         Datas,     DatasQuaisquer,   Chaves,
+                                         Checksums, Transcodifica};
+  Bytes bytes(dados, tamanho);
+  kProvas[bytes.Ate(7)](bytes);
+  return 0;
+}
