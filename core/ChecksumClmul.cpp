@@ -4,7 +4,7 @@
 // A block of 16 bytes is a polynomial A; moving it d bits ahead multiplies it by x^d. Modulo the
 // checksum's polynomial that is the sum of two 64-bit products, one per half of A, and the sum can
 // be added to the block that stands there. So 64 bytes at a time are folded into the next 64, the
-// last four blocks into one, and the tables finish the 16 bytes that remain.
+// last four blocks into one, and what is left of that is reduced with three products more.
 #include "core/ChecksumClmul.h"
 
 #include "core/Checksum.h"
@@ -13,7 +13,10 @@
 
 #include <immintrin.h>
 
-#define KX_CLMUL __attribute__((target("pclmul,sse2")))
+#include <array>
+#include <numeric>
+
+#define KX_CLMUL __attribute__((target("pclmul,ssse3")))
 
 namespace kx::interno {
 namespace {
@@ -44,11 +47,52 @@ KX_CLMUL inline __m128i Dobra(__m128i bloco, __m128i multiplicadores, __m128i pr
   return _mm_xor_si128(_mm_xor_si128(baixa, alta), proximo);
 }
 
+// Indices by which a shuffle moves the bytes of a block up or down: the 16 in their order, and on
+// either side as many that give a zero.
+constexpr auto kIndices = [] {
+  std::array<char, 48> indices{};
+  indices.fill(-128);
+  std::iota(indices.begin() + 16, indices.begin() + 32, '\0');
+  return indices;
+}();
+
+// The block followed by n bytes, fewer than 16, before `fim`: as many bytes as are too many leave
+// its front, as a block of their own that is folded into the 16 that stay.
+KX_CLMUL inline __m128i JuntaResto(__m128i bloco, const unsigned char* fim, std::size_t n,
+                                   __m128i multiplicadores) {
+  const auto indices = [](std::size_t desde) KX_CLMUL {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(kIndices.data() + desde));
+  };
+  const __m128i ficam = indices(16 + n);
+  const __m128i vagas = _mm_cmplt_epi8(ficam, _mm_setzero_si128());
+  const __m128i ultimos =
+      _mm_or_si128(_mm_shuffle_epi8(bloco, ficam), _mm_and_si128(vagas, Le(fim - sizeof(__m128i))));
+  return Dobra(_mm_shuffle_epi8(bloco, indices(n)), multiplicadores, ultimos);
+}
+
+// The quotient of x^64 by the polynomial, in the reflected order.
+constexpr std::int64_t kQuociente = 0x1F7011641;
+constexpr std::int64_t kPolinomio = 0x1DB710641;
+
+// The remainder of a block moved 32 bits ahead: 128 bits to 96, to 64, and by Barrett to 32.
+KX_CLMUL inline std::uint32_t Reduz(__m128i bloco, __m128i multiplicadores) {
+  const __m128i baixos32 = _mm_setr_epi32(-1, 0, 0, 0);
+  bloco =
+      _mm_xor_si128(_mm_srli_si128(bloco, 8), _mm_clmulepi64_si128(bloco, multiplicadores, 0x10));
+  bloco = _mm_xor_si128(
+      _mm_srli_si128(bloco, 4),
+      _mm_clmulepi64_si128(_mm_and_si128(bloco, baixos32), _mm_cvtsi64_si128(Potencia(64)), 0x00));
+  const __m128i barrett = _mm_set_epi64x(kQuociente, kPolinomio);
+  __m128i produto = _mm_clmulepi64_si128(_mm_and_si128(bloco, baixos32), barrett, 0x10);
+  produto = _mm_clmulepi64_si128(_mm_and_si128(produto, baixos32), barrett, 0x00);
+  return static_cast<std::uint32_t>(_mm_cvtsi128_si64(_mm_xor_si128(bloco, produto)) >> 32);
+}
+
 }  // namespace
 
 bool TemClmul() noexcept {
   __builtin_cpu_init();
-  return __builtin_cpu_supports("pclmul") != 0;
+  return __builtin_cpu_supports("pclmul") != 0 && __builtin_cpu_supports("ssse3") != 0;
 }
 
 KX_CLMUL std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
@@ -72,9 +116,8 @@ KX_CLMUL std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
   a = Dobra(Dobra(Dobra(a, por16, b), por16, c), por16, d);
   for (; n >= 16; n -= 16, dados += 16) a = Dobra(a, por16, Le(dados));
 
-  unsigned char resto[16];
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(resto), a);
-  return CalculaChecksumTabela(dados, n, CalculaChecksumTabela(resto, sizeof(resto)));
+  if (n > 0) a = JuntaResto(a, dados + n, n, por16);
+  return Reduz(a, por16);
 }
 
 }  // namespace kx::interno
