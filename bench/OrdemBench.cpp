@@ -1,40 +1,14 @@
-// The purchase order against its hand-written floor, for orders of 1, 10, 100 and 1,000 items. An
-// item has two apportionment lines with one management account each, two deliveries with one
-// receipt each, and a totals record.
+// The purchase order against its hand-written floor, for orders of 1, 10, 100 and 1,000 items.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
 #include <memory>
 #include <vector>
 
+#include "bench/OrdemDeMedida.h"
 #include "bench/Piso.h"
-#include "oc/DadosOC.h"
 
 namespace {
-
-CKXDadosCM_OrdemCompra Ordem(std::int64_t itens) {
-  CKXDadosCM_ItemOrdemCompra item;
-  CKXDadosCM_RateioOrdemCompra rateio;
-  rateio.AdicionaGerencial(TKXGerencial().SetPonteiroGerencial(7));
-  CKXDadosCM_ProgramacaoOrdemCompra entrega;
-  entrega.AdicionaRecebimento(CKXDadosCM_RecebimentoOrdemCompra().SetQuantidade(CY{1}));
-  for (int i = 0; i < 2; ++i) item.AdicionaRateio(rateio).AdicionaProgramacao(entrega);
-  item.AdicionaTotais(CKXDadosCM_ItemTotaisOrdemCompra().SetValorIPI(CY{3}));
-  CKXDadosCM_OrdemCompra ordem;
-  for (std::int64_t i = 0; i < itens; ++i) {
-    ordem.AdicionaItem(item.SetIDItem(static_cast<std::uint32_t>(i)));
-  }
-  return ordem;
-}
-
-struct Registro {
-  explicit Registro(const CKXDadosCM_OrdemCompra& ordem) { ordem.CopiarPara(&Reg); }
-  Registro(const Registro&) = delete;
-  Registro& operator=(const Registro&) = delete;
-  ~Registro() { CKXDadosCM_OrdemCompra::ZerarDelete(&Reg); }
-
-  tagREG_ORDEMPS Reg;
-};
 
 struct PisoRateio {
   tagREG_RATEIO_COMPRAPS Reg;

@@ -32,7 +32,7 @@ void ExigeViagem(pugi::xml_node no) try {
   } else if (nome == "CTe" || nome == "CTeSimp" || nome == "CTeOS") {
     KX_EXIGE(kxdados::Viaja(kxdados::ImportaCTe(no).Objeto, false).Igual);
   }
-} catch (const kxdados::Falha&) {  // NOLINT(bugprone-empty-catch): the report tells it
+} catch (const kxdados::Falha&) {  // the report tells it
 }
 
 struct Viajante : pugi::xml_tree_walker {
@@ -47,7 +47,7 @@ void ExigeViagens(const std::string& bytes) try {
   kxdados::AbreXML(bytes, arquivo);
   Viajante viajante;
   arquivo.traverse(viajante);
-} catch (const kxdados::Falha&) {  // NOLINT(bugprone-empty-catch): the report tells it
+} catch (const kxdados::Falha&) {  // the report tells it
 }
 
 // The report and the errors are text for people.
@@ -57,6 +57,9 @@ void ExigeRelato(const std::string& bytes) {
   std::ostringstream erros;
   kxdados::OpcoesImporta opcoes;
   opcoes.Campos = true;
+  for (const kxdados::OpcaoChave& opcao : kxdados::OpcoesChave()) {
+    opcoes.Chaves.emplace_back(&opcao, opcao.Maximo);
+  }
   int situacao = 0;
   {
     const Desvio cin(std::cin, entrada.rdbuf());

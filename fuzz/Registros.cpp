@@ -239,7 +239,10 @@ bool Diferem(const KXRegistroInfo& info, const void* a, const void* b) {
     if (campo.Tipo == KXTipoCampo::Historico) {
       return fuzz::TresLinhas(TextoDe(bytesA, campo)) != fuzz::TresLinhas(TextoDe(bytesB, campo));
     }
-    return std::memcmp(bytesA + campo.Posicao, bytesB + campo.Posicao, campo.Largura) != 0;
+    // Of a date-and-time value the date alone is an installment's.
+    const bool soData = campo.Tipo == KXTipoCampo::DataHora32;
+    const std::size_t largura = soData ? sizeof(REG_KXDMA) : campo.Largura;
+    return std::memcmp(bytesA + campo.Posicao, bytesB + campo.Posicao, largura) != 0;
   });
 }
 

@@ -106,7 +106,7 @@ int NumeroDaChave(const _KX_NFE_ps& chave) noexcept {
 const char* MensagemErroChave(ErroChave erro) noexcept {
   switch (erro) {
     case ErroChave::Nenhum:
-      return "";
+      break;
     case ErroChave::Tamanho:
       return "A chave de acesso deve ter 44 caracteres.";
     case ErroChave::Alfabeto:

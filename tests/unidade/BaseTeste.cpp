@@ -3,13 +3,17 @@
 
 #include <cstring>
 
+#include "ac/DadosAC.h"
 #include "compras/KXDadosCompras.h"
+#include "core/ConsisteRetorno.h"
 #include "core/DadosRegistro.h"
 #include "core/Rateio.h"
 #include "core/Situacao.h"
 #include "core/TKXCMBaseParaDados.h"
 #include "kxldados/CIEVinculo.h"
 #include "platform/Plataforma.h"
+#include "re/DadosRE.h"
+#include "tests/apoio/Paginas.h"
 
 namespace {
 
@@ -61,6 +65,18 @@ TEST(Registro, ObjetoDeOutraClasse) {
   situacao.CopiarDe(&registro);
   situacao.CopiarDe(nullptr);
   EXPECT_TRUE(situacao.EstaVazio());
+}
+
+TEST(Registro, CopiaEMemoriaProibida) {
+  const tagREG_CM_SITUACAO_PS registro = Cheio();
+  CKXDadosCM_Situacao situacao;
+  situacao.CopiarDe(&registro);
+  CKXDadosCM_Situacao copia;
+  copia = situacao;
+  EXPECT_TRUE(copia == situacao);
+  const apoio::Paginas paginas;
+  copia.CopiarDe(reinterpret_cast<const tagREG_CM_SITUACAO_PS*>(paginas.Proibida()));
+  EXPECT_TRUE(copia.EstaVazio());
 }
 
 // A wrapper with a child array of its own replaces the copied pointer by a deep copy.
@@ -122,6 +138,31 @@ TEST(Base, PadroesDosGanchos) {
   EXPECT_EQ(base.OnGetVersao(), 1);
 }
 
+template <class Classe>
+class SemRegistro : public ::testing::Test {};
+using ClassesSemRegistro =
+    ::testing::Types<CIEVinculo, TKXConsisteRetorno, CKXDadosCM_ConsisteRetorno,
+                     CKXDadosCM_RateioBase, CKXDadosCM_CondicaoPagamento, CKXDadosCM_REItemBase,
+                     CKXDadosCM_REQualEntradaEstoque, CKXDadosCM_REQualEntradaEstoqueTipo,
+                     CKXDadosCM_ACThread, CKXDadosCM_ACTreeAutorizacaoCompra>;
+TYPED_TEST_SUITE(SemRegistro, ClassesSemRegistro);
+
+TYPED_TEST(SemRegistro, ClasseDeExecucaoECopiaDeSiOuDeNada) {
+  TypeParam objeto;
+  EXPECT_EQ(objeto.GetRuntimeClass(), TypeParam::GetThisClass());
+  EXPECT_EQ(TypeParam::GetThisClass()->m_nObjectSize, sizeof(TypeParam));
+  EXPECT_TRUE(objeto.IsKindOf(TKXBaseParaDados::GetThisClass()));
+  EXPECT_FALSE(objeto.IsKindOf(CKXDadosCM_Parcela::GetThisClass()));
+  EXPECT_FALSE(objeto.IsKindOf(nullptr));
+
+  TypeParam& mesmo = objeto;
+  objeto = mesmo;
+  objeto = std::move(mesmo);
+  objeto.Copiar(nullptr);
+  EXPECT_TRUE(objeto == TypeParam());
+  EXPECT_TRUE(objeto.EstaVazio());
+}
+
 TEST(Base, ChecksumELinhaAcompanhamACopiaENaoAIgualdade) {
   CKXDadosCM_RateioBase origem;
   origem.Set_CRC(0xFFFFFFFFFUL);
@@ -157,6 +198,7 @@ TEST(Base, VinculoComparaChaveETipo) {
   EXPECT_TRUE(vinculo == CIEVinculo(vinculo));
   EXPECT_TRUE(vinculo != CIEVinculo(vinculo).SetChave({}));
   EXPECT_TRUE(vinculo != CIEVinculo(vinculo).SetTipo(0));
+  EXPECT_FALSE(vinculo.EstaVazio());
 }
 
 TEST(Base, MensagensDeJanelaEZeroDaPartida) {

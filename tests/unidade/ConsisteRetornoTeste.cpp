@@ -59,7 +59,8 @@ TEST(ConsisteRetorno, ConstrutoresPassamAMensagemABase) {
 
 TEST(ConsisteRetorno, CopiaTudoEMoveDeixaVazio) {
   CKXDadosCM_ConsisteRetorno origem(eConsisteCM::Erro, 1, KXModulo{12}, true);
-  origem.AdicionaItem({eConsiste::Aviso, CString(std::string(50, 'x'))});
+  const TKXConsisteRetornoItem aviso(eConsiste::Aviso, CString(std::string(50, 'x')));
+  origem.AdicionaItem(aviso);
   const CKXDadosCM_ConsisteRetorno copia = origem;
   CKXDadosCM_ConsisteRetorno atribuida(eConsisteCM::Aviso, 9, false);
   atribuida = origem;
@@ -67,6 +68,7 @@ TEST(ConsisteRetorno, CopiaTudoEMoveDeixaVazio) {
   EXPECT_EQ(atribuida, origem);
   const CKXDadosCM_ConsisteRetorno& ela = atribuida;
   atribuida = ela;
+  atribuida.Copiar(nullptr);
   EXPECT_TRUE(atribuida.Igual(&copia));
   CKXDadosCM_ConsisteRetorno movida;
   movida = std::move(origem);

@@ -108,13 +108,28 @@ TEST(Parcela, OQueVeioAoLadoDaDataValeSoParaEla) {
 
 TEST(Parcela, LiberacaoNaoDesceAosImpostos) {
   tagREG_FATURA_ENTRADAPS registro;
+  const auto confere = [&registro](auto libera, auto liberaImposto) {
+    tagREG_ITEM_IMPOSTOPS imposto = registro.ListaItemImposto[0];
+    libera(&registro);
+    EXPECT_EQ(registro.ListaItemImposto, nullptr);
+    EXPECT_STREQ(imposto.ListaDeducao[0].Descricao, "dependente");
+    liberaImposto(&imposto);
+    EXPECT_EQ(imposto.QtdDeducao, 0);
+  };
+  using Libera = void (*)(tagREG_FATURA_ENTRADAPS*);
   ParcelaCheia().CopiarParaPS(&registro);
-  tagREG_ITEM_IMPOSTOPS imposto = registro.ListaItemImposto[0];
-  Parcela::ZerarGlobalAlloc(&registro);
-  EXPECT_EQ(registro.ListaItemImposto, nullptr);
-  EXPECT_STREQ(imposto.ListaDeducao[0].Descricao, "dependente");
-  CKXDadosCM_ItemImposto::ZerarGlobalAlloc(&imposto);
-  EXPECT_EQ(imposto.QtdDeducao, 0);
+  confere(Libera{&Parcela::ZerarGlobalAlloc}, &CKXDadosCM_ItemImposto::ZerarGlobalAlloc);
+  ParcelaCheia().CopiarPara(&registro);
+  confere(Libera{&Parcela::ZerarDelete}, &CKXDadosCM_ItemImposto::ZerarDelete);
+}
+
+TEST(Parcela, ImpostoDoAlocadorDeTarefas) {
+  const CKXDadosCM_ItemImposto imposto = ParcelaCheia().GetItemImposto(0);
+  tagREG_ITEM_IMPOSTOPS registro;
+  imposto.CopiarParaPS(&registro);
+  EXPECT_TRUE(CKXDadosCM_ItemImposto().CopiarDe(&registro) == imposto);
+  CKXDadosCM_ItemImposto::ZerarGlobalAlloc(&registro);
+  EXPECT_EQ(registro.ListaDeducao, nullptr);
 }
 
 TEST(Parcela, ChecksumIgnoraOAnteriorEOsImpostos) {

@@ -7,6 +7,7 @@
 
 #include "tests/apoio/ClassesDeRegistro.h"
 #include "tests/apoio/Igualdade.h"
+#include "tests/apoio/Paginas.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -60,7 +61,12 @@ TYPED_TEST(VarreduraRegistros, CopiaAtribuicaoEMovimento) {
   EXPECT_TRUE(atribuido == objeto);
   const TypeParam& mesmo = objeto;
   objeto = mesmo;
+  objeto = std::move(const_cast<TypeParam&>(mesmo));
+  objeto.Copiar(nullptr);
   EXPECT_TRUE(objeto == copia);
+  atribuido.Limpar();
+  static_cast<TKXBaseParaDados&>(atribuido) = copia;
+  EXPECT_TRUE(atribuido == copia);
 
   TypeParam movido(std::move(objeto));
   EXPECT_TRUE(movido == copia);
@@ -90,6 +96,20 @@ TYPED_TEST(VarreduraRegistros, LimparEOrigemNulaDeixamVazio) {
   objeto.CopiarPara(&escrito.Reg);
   const REG zero{};
   EXPECT_EQ(apoio::Diferenca(this->kInfo, &zero, &escrito.Reg), "");
+}
+
+// Arrays and texts are hung only into a record that could be written.
+TYPED_TEST(VarreduraRegistros, MemoriaProibidaNaoSeEscreveNemSeLe) {
+  using REG = typename TypeParam::Registro;
+  const apoio::Paginas paginas;
+  auto* const proibido = reinterpret_cast<REG*>(paginas.Proibida());
+  const apoio::RegistroAleatorio<REG> original(9);
+  TypeParam objeto = this->Le(original.Reg);
+  objeto.CopiarPara(proibido);
+  objeto.CopiarPara(static_cast<REG*>(nullptr));
+  EXPECT_TRUE(objeto == this->Le(original.Reg));
+  objeto.CopiarDe(proibido);
+  EXPECT_TRUE(objeto.EstaVazio());
 }
 
 TYPED_TEST(VarreduraRegistros, IgualdadeSegueATabela) {
