@@ -131,13 +131,9 @@ std::uint32_t MaiorChave(const Chaves& chaves) {
   return maior;
 }
 
-// Children by parent: those of number n are Filhos[Inicio] to Filhos[Fim - 1].
+// Children by parent: those of number n are Filhos[Inicio[n]] to Filhos[Inicio[n + 1] - 1].
 struct Ramos {
-  struct Ramo {
-    std::uint32_t Inicio;
-    std::uint32_t Fim;
-  };
-  std::vector<Ramo> PorNumero;
+  std::vector<std::uint32_t> Inicio;
   std::vector<std::uint32_t> Filhos;
 };
 
@@ -145,23 +141,22 @@ struct Ramos {
 // of child i, filho(i) what is kept of it. Children of other parents are left out.
 template <class Pai, class Filho>
 Ramos Agrupa(std::size_t quantos, std::size_t pais, Pai pai, Filho filho) {
-  Ramos ramos{std::vector<Ramos::Ramo>(pais), {}};
-  const auto paraCada = [&](auto faz) {
+  Ramos ramos{std::vector<std::uint32_t>(pais + 2), {}};
+  const auto paraCada = [&](std::uint32_t* contas, auto faz) {
     for (std::size_t i = 0; i < quantos; ++i) {
       if (i + kAdiante < quantos && pai(i + kAdiante) < pais) {
-        plataforma::Antecipa(&ramos.PorNumero[pai(i + kAdiante)]);
+        plataforma::Antecipa(&contas[pai(i + kAdiante)]);
       }
-      if (pai(i) < pais) faz(i, ramos.PorNumero[pai(i)]);
+      if (pai(i) < pais) faz(i, contas[pai(i)]);
     }
   };
-  paraCada([](std::size_t, Ramos::Ramo& ramo) { ++ramo.Fim; });
-  std::uint32_t fim = 0;
-  for (Ramos::Ramo& ramo : ramos.PorNumero) {
-    ramo.Inicio = fim;
-    fim += std::exchange(ramo.Fim, fim);
-  }
-  ramos.Filhos.resize(fim);
-  paraCada([&](std::size_t i, Ramos::Ramo& ramo) { ramos.Filhos[ramo.Fim++] = filho(i); });
+  // The counts stand two places ahead, and each child moves its parent's up: in the end they have
+  // moved to their own place.
+  paraCada(ramos.Inicio.data() + 2, [](std::size_t, std::uint32_t& conta) { ++conta; });
+  std::partial_sum(ramos.Inicio.begin(), ramos.Inicio.end(), ramos.Inicio.begin());
+  ramos.Filhos.resize(ramos.Inicio.back());
+  paraCada(ramos.Inicio.data() + 1,
+           [&](std::size_t i, std::uint32_t& proximo) { ramos.Filhos[proximo++] = filho(i); });
   return ramos;
 }
 
@@ -171,16 +166,20 @@ template <class Posicao>
 std::vector<Lugar> EmPreOrdem(const Ramos& ramos, Posicao posicao) {
   std::vector<Lugar> lugares;
   lugares.reserve(ramos.Filhos.size());
-  std::vector<Ramos::Ramo> abertos;
+  struct Ramo {
+    std::uint32_t Inicio;
+    std::uint32_t Fim;
+  };
+  std::vector<Ramo> abertos;
   const auto abre = [&](std::uint32_t numero) {
-    const Ramos::Ramo ramo = ramos.PorNumero[numero];
+    const Ramo ramo{ramos.Inicio[numero], ramos.Inicio[numero + 1]};
     if (ramo.Inicio == ramo.Fim) return false;
     abertos.push_back(ramo);
     return true;
   };
   abre(0);
   while (!abertos.empty()) {
-    Ramos::Ramo& ramo = abertos.back();
+    Ramo& ramo = abertos.back();
     const std::uint32_t numero = ramos.Filhos[ramo.Inicio++];
     const bool temIrmao = ramo.Inicio != ramo.Fim;
     if (!temIrmao) abertos.pop_back();
@@ -269,8 +268,8 @@ class Montagem {
   // The records that name the key can be attached from now on; key 0 is named by none.
   void Acorda(std::uint32_t chave) {
     if (chave == 0) return;
-    const Ramos::Ramo& espera = _esperas.PorNumero[chave];
-    for (auto i = espera.Inicio; i < espera.Fim; ++i) _prontos.Poe(_esperas.Filhos[i]);
+    const std::uint32_t fim = _esperas.Inicio[chave + 1];
+    for (auto i = _esperas.Inicio[chave]; i < fim; ++i) _prontos.Poe(_esperas.Filhos[i]);
   }
 
   // Two leaps of equal length join into one that is a step longer than both: the lengths are those
