@@ -19,9 +19,8 @@ using Chaves = std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>;
 CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra() noexcept = default;
 
 CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(
-    const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves) {
-  _rACSmall = chaves;
-}
+    const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves)
+    : _rACSmall(chaves) {}
 
 CKXDadosCM_ACTreeAutorizacaoCompra::CKXDadosCM_ACTreeAutorizacaoCompra(
     const tagREG_CM_AUTORIZACAO_CMSAUTPS* regra) {

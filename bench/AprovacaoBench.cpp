@@ -108,6 +108,7 @@ void Copia(benchmark::State& estado, Acima acima) {
 
 void Igualdade(benchmark::State& estado, Acima acima) {
   const Arvore raiz = Embaralhada(estado, acima);
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to be compared
   const Arvore copia = raiz;
   for (auto _ : estado) benchmark::DoNotOptimize(raiz == copia);
   PorRegistro(estado);

@@ -146,6 +146,7 @@ void CopiarParaELiberaPiso(benchmark::State& estado) {
 
 void Igualdade(benchmark::State& estado) {
   const CKXDadosCM_RERegistroEntrada a = Entrada(estado.range(0));
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to be compared
   const CKXDadosCM_RERegistroEntrada b = a;
   for (auto _ : estado) benchmark::DoNotOptimize(a == b);
 }

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "core/Metadados.h"
 #include "oc/DadosOC.h"
@@ -16,6 +18,8 @@ struct Registro {
   Registro(const Registro&) = delete;
   Registro& operator=(const Registro&) = delete;
   ~Registro() { CKXDadosCM_OrdemCompra::ZerarDelete(&Reg); }
+
+  char* Dados() { return reinterpret_cast<char*>(&Reg); }
 
   tagREG_ORDEMPS Reg;
 };
@@ -41,27 +45,41 @@ inline void PreencheCampo(const KXCampo& campo, char* bytes, std::size_t numero)
   }
 }
 
+// The records of a row that is a list.
+inline std::vector<char*> Filhos(const KXRegistroInfo& info, const KXCampo& lista,
+                                 const char* registro) {
+  const std::string conta = std::string("Qtd") + (lista.Nome + std::strlen("Lista"));
+  const auto linha = std::find_if(info.Campos.begin(), info.Campos.end(),
+                                  [&conta](const KXCampo& campo) { return conta == campo.Nome; });
+  std::uint16_t quantos = 0;
+  std::memcpy(&quantos, registro + linha->Posicao, sizeof(quantos));
+  char* array = nullptr;
+  std::memcpy(&array, registro + lista.Posicao, sizeof(array));
+  std::vector<char*> filhos;
+  for (std::size_t i = 0; i < quantos; ++i) filhos.push_back(array + i * lista.Elemento->Tamanho);
+  return filhos;
+}
+
 // The record and those that hang from it.
 inline void Preenche(const KXRegistroInfo& info, char* registro) {
   std::size_t numero = 0;
-  const auto campo = [&info, registro](const char* inicio, const char* nome) {
-    return *std::find_if(info.Campos.begin(), info.Campos.end(), [&](const KXCampo& c) {
-      return std::strncmp(c.Nome, inicio, 3) == 0 && std::strcmp(c.Nome + 3, nome) == 0;
-    });
-  };
   for (const KXCampo& linha : info.Campos) {
     if (linha.Papel == KXPapel::Campo && ++numero % 3 != 0) {
       PreencheCampo(linha, registro + linha.Posicao, numero);
     }
     if (linha.Papel != KXPapel::Lista) continue;
-    char* array = nullptr;
-    std::memcpy(&array, registro + linha.Posicao, sizeof(array));
-    std::uint16_t quantos = 0;
-    std::memcpy(&quantos, registro + campo("Qtd", linha.Nome + 5).Posicao, sizeof(quantos));
-    for (std::size_t i = 0; i < quantos; ++i) {
-      Preenche(*linha.Elemento, array + i * linha.Elemento->Tamanho);
-    }
+    for (char* filho : Filhos(info, linha, registro)) Preenche(*linha.Elemento, filho);
   }
+}
+
+// Size of the record and of those that hang from it; the measured order has no counted texts.
+inline std::size_t Bytes(const KXRegistroInfo& info, const char* registro) {
+  std::size_t bytes = info.Tamanho;
+  for (const KXCampo& linha : info.Campos) {
+    if (linha.Papel != KXPapel::Lista) continue;
+    for (const char* filho : Filhos(info, linha, registro)) bytes += Bytes(*linha.Elemento, filho);
+  }
+  return bytes;
 }
 
 inline CKXDadosCM_OrdemCompra Ordem(std::int64_t itens) {
@@ -76,7 +94,7 @@ inline CKXDadosCM_OrdemCompra Ordem(std::int64_t itens) {
   for (std::int64_t i = 0; i < itens; ++i) ordem.AdicionaItem(item);
 
   Registro registro(ordem);
-  Preenche(KXMetadados<tagREG_ORDEMPS>::kInfo, reinterpret_cast<char*>(&registro.Reg));
+  Preenche(KXMetadados<tagREG_ORDEMPS>::kInfo, registro.Dados());
   ordem.CopiarDe(&registro.Reg);
   return ordem;
 }

@@ -39,6 +39,11 @@ inline std::uint32_t Parte(std::uint32_t palavra, std::size_t seguintes) {
          kTabelas[seguintes + 1][(palavra >> 16) & 0xFFU] ^ kTabelas[seguintes][palavra >> 24];
 }
 
+interno::Via MelhorVia() noexcept {
+  const interno::Via via = interno::ViaVpclmul();
+  return via != nullptr ? via : interno::ViaClmul();
+}
+
 }  // namespace
 
 std::uint32_t CalculaChecksumTabela(const void* dados, std::size_t n,
@@ -56,9 +61,9 @@ std::uint32_t CalculaChecksumTabela(const void* dados, std::size_t n,
 }
 
 std::uint32_t CalculaChecksum(const void* dados, std::size_t n, std::uint32_t anterior) noexcept {
-  static const bool clmul = interno::TemClmul();
-  if (clmul && n >= interno::kMinimoClmul) {
-    return interno::ChecksumClmul(static_cast<const unsigned char*>(dados), n, anterior);
+  static const interno::Via via = MelhorVia();
+  if (via != nullptr && n >= interno::kMinimoClmul) {
+    return via(static_cast<const unsigned char*>(dados), n, anterior);
   }
   return CalculaChecksumTabela(dados, n, anterior);
 }

@@ -4,10 +4,9 @@
 // A block of 16 bytes is a polynomial A; moving it d bits ahead multiplies it by x^d. Modulo the
 // checksum's polynomial that is the sum of two 64-bit products, one per half of A, and the sum can
 // be added to the block that stands there. So 64 bytes at a time are folded into the next 64, the
-// last four blocks into one, and what is left of that is reduced with three products more.
+// last four blocks into one, and what is left of that is reduced with three products more. Where
+// one instruction multiplies two blocks, 128 bytes at a time come first.
 #include "core/ChecksumClmul.h"
-
-#include "core/Checksum.h"
 
 #if defined(__x86_64__) && defined(__GNUC__)
 
@@ -17,6 +16,7 @@
 #include <numeric>
 
 #define KX_CLMUL __attribute__((target("pclmul,ssse3")))
+#define KX_VPCLMUL __attribute__((target("pclmul,ssse3,avx2,vpclmulqdq")))
 
 namespace kx::interno {
 namespace {
@@ -88,23 +88,14 @@ KX_CLMUL inline std::uint32_t Reduz(__m128i bloco, __m128i multiplicadores) {
   return static_cast<std::uint32_t>(_mm_cvtsi128_si64(_mm_xor_si128(bloco, produto)) >> 32);
 }
 
-}  // namespace
+// Four blocks in a row.
+struct Blocos {
+  __m128i a, b, c, d;
+};
 
-bool TemClmul() noexcept {
-  __builtin_cpu_init();
-  return __builtin_cpu_supports("pclmul") != 0 && __builtin_cpu_supports("ssse3") != 0;
-}
-
-KX_CLMUL std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
-                                     std::uint32_t anterior) noexcept {
-  const __m128i inicio = _mm_cvtsi32_si128(static_cast<int>(anterior));
-  __m128i a = _mm_xor_si128(Le(dados), inicio);
-  __m128i b = Le(dados + 16);
-  __m128i c = Le(dados + 32);
-  __m128i d = Le(dados + 48);
-  dados += 64;
-  n -= 64;
-
+// The checksum of the blocks and of the n bytes that follow them.
+KX_CLMUL inline std::uint32_t Termina(Blocos blocos, const unsigned char* dados, std::size_t n) {
+  auto [a, b, c, d] = blocos;
   const __m128i por64 = Multiplicadores<512>();
   for (; n >= 64; n -= 64, dados += 64) {
     a = Dobra(a, por64, Le(dados));
@@ -120,18 +111,72 @@ KX_CLMUL std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
   return Reduz(a, por16);
 }
 
+KX_CLMUL std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
+                                     std::uint32_t anterior) noexcept {
+  const __m128i inicio = _mm_cvtsi32_si128(static_cast<int>(anterior));
+  return Termina({_mm_xor_si128(Le(dados), inicio), Le(dados + 16), Le(dados + 32), Le(dados + 48)},
+                 dados + 64, n - 64);
+}
+
+KX_VPCLMUL inline __m256i LePar(const unsigned char* dados) {
+  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(dados));
+}
+
+// Dobra, of two blocks.
+KX_VPCLMUL inline __m256i DobraPar(__m256i par, __m256i multiplicadores, __m256i proximo) {
+  const __m256i baixa = _mm256_clmulepi64_epi128(par, multiplicadores, 0x00);
+  const __m256i alta = _mm256_clmulepi64_epi128(par, multiplicadores, 0x11);
+  return _mm256_xor_si256(_mm256_xor_si256(baixa, alta), proximo);
+}
+
+KX_VPCLMUL std::uint32_t ChecksumVpclmul(const unsigned char* dados, std::size_t n,
+                                         std::uint32_t anterior) noexcept {
+  if (n < 256) return ChecksumClmul(dados, n, anterior);  // the wide loop would not pay
+  const __m128i inicio = _mm_cvtsi32_si128(static_cast<int>(anterior));
+  __m256i a = _mm256_xor_si256(LePar(dados), _mm256_zextsi128_si256(inicio));
+  __m256i b = LePar(dados + 32);
+  __m256i c = LePar(dados + 64);
+  __m256i d = LePar(dados + 96);
+  dados += 128;
+  n -= 128;
+
+  const __m256i por128 = _mm256_broadcastsi128_si256(Multiplicadores<1024>());
+  for (; n >= 128; n -= 128, dados += 128) {
+    a = DobraPar(a, por128, LePar(dados));
+    b = DobraPar(b, por128, LePar(dados + 32));
+    c = DobraPar(c, por128, LePar(dados + 64));
+    d = DobraPar(d, por128, LePar(dados + 96));
+  }
+  const __m256i por64 = _mm256_broadcastsi128_si256(Multiplicadores<512>());
+  c = DobraPar(a, por64, c);
+  d = DobraPar(b, por64, d);
+  return Termina({_mm256_castsi256_si128(c), _mm256_extracti128_si256(c, 1),
+                  _mm256_castsi256_si128(d), _mm256_extracti128_si256(d, 1)},
+                 dados, n);
+}
+
+}  // namespace
+
+Via ViaClmul() noexcept {
+  __builtin_cpu_init();
+  const bool tem = __builtin_cpu_supports("pclmul") != 0 && __builtin_cpu_supports("ssse3") != 0;
+  return tem ? &ChecksumClmul : nullptr;
+}
+
+Via ViaVpclmul() noexcept {
+  __builtin_cpu_init();
+  const bool tem = __builtin_cpu_supports("vpclmulqdq") != 0 && __builtin_cpu_supports("avx2") != 0;
+  return tem && ViaClmul() != nullptr ? &ChecksumVpclmul : nullptr;
+}
+
 }  // namespace kx::interno
 
 #else
 
 namespace kx::interno {
 
-bool TemClmul() noexcept { return false; }
-
-std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
-                            std::uint32_t anterior) noexcept {
-  return CalculaChecksumTabela(dados, n, anterior);
-}
+Via ViaClmul() noexcept { return nullptr; }
+Via ViaVpclmul() noexcept { return nullptr; }
 
 }  // namespace kx::interno
 

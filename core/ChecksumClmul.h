@@ -6,14 +6,17 @@
 
 namespace kx::interno {
 
-// Shortest range that ChecksumClmul takes.
+// Shortest range that a way takes.
 inline constexpr std::size_t kMinimoClmul = 64;
 
-// True when this build and this processor have the instruction.
-bool TemClmul() noexcept;
+// The checksum of n bytes, kMinimoClmul or more, continued from `anterior`.
+using Via = std::uint32_t (*)(const unsigned char* dados, std::size_t n,
+                              std::uint32_t anterior) noexcept;
 
-// Only when TemClmul(), and for n >= kMinimoClmul.
-std::uint32_t ChecksumClmul(const unsigned char* dados, std::size_t n,
-                            std::uint32_t anterior) noexcept;
+// 16 bytes in each multiplication; null where this build or this processor cannot.
+Via ViaClmul() noexcept;
+
+// 32 bytes in each; null likewise.
+Via ViaVpclmul() noexcept;
 
 }  // namespace kx::interno

@@ -69,6 +69,8 @@ CKXDadosCM_ConsisteRetorno::CKXDadosCM_ConsisteRetorno(eConsisteCM tipo, unsigne
                                                        bool flag)
     : CKXDadosCM_ConsisteRetorno(tipo, codigo, KXModulo::Compras, flag) {}
 
+// cppcheck-suppress passedByValue ; the published signature
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the same
 CKXDadosCM_ConsisteRetorno::CKXDadosCM_ConsisteRetorno(eConsisteCM tipo, CString mensagem)
     : TKXConsisteRetorno(ParaBase(tipo), mensagem) {}
 

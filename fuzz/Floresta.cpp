@@ -60,10 +60,15 @@ void ExigeRegraPropria(const Arvore& node) {
   }
 }
 
+// A handle is a number, which nobody follows.
+HTREEITEM Item(std::uintptr_t numero) {
+  return reinterpret_cast<HTREEITEM>(numero * 16);  // NOLINT(performance-no-int-to-ptr)
+}
+
 // Few items for many nodes, and none for some of them; the same in both.
 void PoeItens(Arvore& node, FlorestaPlana& plana, std::uint8_t passo, unsigned& ordem) {
   const std::uintptr_t numero = (ordem++ * passo) % 8;
-  plana.Item = reinterpret_cast<HTREEITEM>(numero * 16);
+  plana.Item = Item(numero);
   node.SethTI(plana.Item);
   POSITION p = node.GetExNodes().GetHeadPosition();
   for (FlorestaPlana& filho : plana.Filhos) {
@@ -73,7 +78,7 @@ void PoeItens(Arvore& node, FlorestaPlana& plana, std::uint8_t passo, unsigned& 
 
 void ExigeBuscas(const Arvore& raiz, const FlorestaPlana& plana, std::uint32_t a, std::uint32_t b) {
   KX_EXIGE(raiz.AchaItemArvore(a) == plana.AchaItem(a));
-  const auto item = reinterpret_cast<HTREEITEM>(std::uintptr_t{1 + b % 7} * 16);
+  const HTREEITEM item = Item(1 + b % 7);
   KX_EXIGE(raiz.AchaPonteiroArvore(item) == plana.AchaChave(item));
   KX_EXIGE(raiz.EhReferenciaCiclica(a, b) == plana.EhReferenciaCiclica(a, b));
 

@@ -140,6 +140,7 @@ class Montador {
     const bool terminado = modo != 7 || semTamanho;
     const std::size_t ocupa = texto.size() + (terminado ? 1 : 0);
     auto* const copia = kx::AlocaArray<char>(_alocador, ocupa);
+    // NOLINTNEXTLINE(bugprone-not-null-terminated-result): as a careless sender leaves it
     std::memcpy(copia, texto.c_str(), ocupa);
     if (modo == 8) return {copia, ocupa + 1000, lido};
     if (modo == 9 && !semTamanho) return {copia, 0, ""};
@@ -329,6 +330,7 @@ void ExigeCopias(const Classe& objeto, const typename Classe::Registro& registro
   KX_EXIGE(atribuido == objeto);
   const Classe movido(std::move(copia));
   KX_EXIGE(movido == objeto);
+  // NOLINTNEXTLINE(bugprone-use-after-move): what was moved from serves again
   copia.CopiarDe(&registro);
   KX_EXIGE(copia == objeto);
   atribuido.Limpar();

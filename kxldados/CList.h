@@ -24,7 +24,7 @@ class CList {
   CList() noexcept = default;
   // A copy of every element, in order. Throws std::bad_alloc.
   CList(const CList& outra) : CList() {  // delegates: a failed copy is destroyed
-    for (POSITION p = outra._primeiro; p != nullptr;) AddTail(outra.GetNext(p));
+    for (POSITION p = outra._primeiro; p != nullptr; p = p->Proximo) AddTail(outra.GetAt(p));
   }
   // Takes over the elements; positions stay valid, the other list is empty.
   CList(CList&& outra) noexcept { Troca(outra); }

@@ -25,7 +25,7 @@ KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_REFormacaoPrecoVenda, kx::Alocador::Tarefa, k
 KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REFormacaoPrecoVenda)
 
 CKXDadosCM_REFormacaoPrecoVenda& CKXDadosCM_REFormacaoPrecoVenda::CopiarDe(
-    CKXDadosCM_REMargemLucro origem) {
+    CKXDadosCM_REMargemLucro origem) {  // NOLINT(performance-*): the published signature
   _Reg = origem._Reg;
   return *this;
 }

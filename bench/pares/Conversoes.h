@@ -5,6 +5,7 @@
 #include <capnp/list.h>
 #include <capnp/message.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -39,6 +40,33 @@ template <class REG, class Q, class P>
 void DeLista(const REG* array, Q quantidade, std::vector<P>& lista) {
   lista.resize(quantidade);
   for (std::size_t i = 0; i < lista.size(); ++i) DeRegistro(array[i], lista[i]);
+}
+
+// The way back, into a record that is zero. Texts and arrays come from array new.
+template <class C>
+void ParaCampo(const std::string& valor, C& campo) {
+  if constexpr (std::is_same_v<C, KXStringPS>) {
+    if (valor.empty()) return;
+    campo.Tamanho = static_cast<std::uint32_t>(valor.size() + 1);
+    campo.Texto = new char[campo.Tamanho];
+    std::memcpy(campo.Texto, valor.c_str(), campo.Tamanho);
+  } else {
+    std::memcpy(&campo, valor.data(), std::min(valor.size(), sizeof(campo)));
+  }
+}
+
+template <class C, class T>
+void ParaCampo(const T& valor, C& campo) {
+  static_assert(sizeof(C) == sizeof(T));
+  std::memcpy(&campo, &valor, sizeof(campo));
+}
+
+template <class REG, class Q, class P>
+void ParaArray(const std::vector<P>& lista, REG*& array, Q& quantidade) {
+  if (lista.empty()) return;
+  quantidade = static_cast<Q>(lista.size());
+  array = new REG[lista.size()]{};
+  for (std::size_t i = 0; i < lista.size(); ++i) ParaRegistro(lista[i], array[i]);
 }
 
 template <class De, class T>

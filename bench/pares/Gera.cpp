@@ -166,15 +166,16 @@ std::string TipoPlano(const Campo& campo) {
   }
 }
 
-// What a function says for one field: a call of a name in bench/pares/Conversoes.h per kind.
-void Funcao(std::ostream& saida, const std::string& assinatura, const std::vector<Campo>& campos,
-            const std::string (*linha)(const Campo&)) {
-  saida << "inline void " << assinatura << " {\n";
+// One function from the first parameter to the second, and what it says for each field: a call of a
+// name in bench/pares/Conversoes.h, or of the peer's accessors.
+void Funcao(std::ostream& saida, const char* nome, const std::string& de, const std::string& para,
+            const std::vector<Campo>& campos, std::string (*linha)(const Campo&)) {
+  saida << "inline void " << nome << "(" << de << ", " << para << ") {\n";
   for (const Campo& campo : campos) saida << "  " << linha(campo) << "\n";
   saida << "}\n";
 }
 
-const std::string DoRegistro(const Campo& c) {
+std::string DoRegistro(const Campo& c) {
   if (c.De == Especie::Lista) {
     const std::string lista = std::string(c.Linha->Nome).substr(sizeof("Lista") - 1);
     return "DeLista(r.Lista" + lista + ", r.Qtd" + lista + ", p." + c.Nome + ");";
@@ -182,21 +183,29 @@ const std::string DoRegistro(const Campo& c) {
   return "DeCampo(r." + std::string(c.Linha->Nome) + ", p." + c.Nome + ");";
 }
 
-const std::string ParaProto(const Campo& c) {
+std::string ParaRegistro(const Campo& c) {
+  if (c.De == Especie::Lista) {
+    const std::string lista = std::string(c.Linha->Nome).substr(sizeof("Lista") - 1);
+    return "ParaArray(p." + c.Nome + ", r.Lista" + lista + ", r.Qtd" + lista + ");";
+  }
+  return "ParaCampo(p." + c.Nome + ", r." + std::string(c.Linha->Nome) + ");";
+}
+
+std::string ParaProto(const Campo& c) {
   if (c.De == Especie::Lista) {
     return "for (const auto& e : p." + c.Nome + ") ParaProto(e, *m.add_" + c.Nome + "());";
   }
   return "m.set_" + c.Nome + "(p." + c.Nome + ");";
 }
 
-const std::string DeProto(const Campo& c) {
+std::string DeProto(const Campo& c) {
   if (c.De == Especie::Lista) {
     return "for (const auto& e : m." + c.Nome + "()) DeProto(e, p." + c.Nome + ".emplace_back());";
   }
   return "Atribui(m." + c.Nome + "(), p." + c.Nome + ");";
 }
 
-const std::string ParaFlat(const Campo& c) {
+std::string ParaFlat(const Campo& c) {
   if (c.De == Especie::Lista) {
     const std::string tipo = "fb::" + Tipo(*c.Linha->Elemento) + "T";
     return "for (const auto& e : p." + c.Nome + ") ParaFlat(e, *m." + c.Nome +
@@ -205,14 +214,14 @@ const std::string ParaFlat(const Campo& c) {
   return "m." + c.Nome + " = p." + c.Nome + ";";
 }
 
-const std::string DeFlat(const Campo& c) {
+std::string DeFlat(const Campo& c) {
   if (c.De == Especie::Lista) {
     return "for (const auto& e : m." + c.Nome + ") DeFlat(*e, p." + c.Nome + ".emplace_back());";
   }
   return "p." + c.Nome + " = m." + c.Nome + ";";
 }
 
-const std::string ParaCapnp(const Campo& c) {
+std::string ParaCapnp(const Campo& c) {
   const std::string nome = Maiusculo(c.Nome);
   if (c.De == Especie::Lista) {
     return "ParaLista(p." + c.Nome + ", m.init" + nome + "(Quantos(p." + c.Nome + ")));";
@@ -221,7 +230,7 @@ const std::string ParaCapnp(const Campo& c) {
          (c.De == Especie::Inteiro ? "p." + c.Nome : "Dados(p." + c.Nome + ")") + ");";
 }
 
-const std::string DeCapnp(const Campo& c) {
+std::string DeCapnp(const Campo& c) {
   const std::string nome = Maiusculo(c.Nome);
   if (c.De == Especie::Lista) return "DaLista(m.get" + nome + "(), p." + c.Nome + ");";
   return "Atribui(m.get" + nome + "(), p." + c.Nome + ");";
@@ -241,15 +250,17 @@ void Planos(const std::string& pasta, const std::vector<const KXRegistroInfo*>& 
           << "  template <class A> void serialize(A& a) {\n";
     for (const Campo& campo : campos) saida << "    a(" << campo.Nome << ");\n";
     saida << "  }\n};\n";
-    Funcao(saida, "DeRegistro(const " + std::string(registro->Nome) + "& r, " + tipo + "& p)",
-           campos, DoRegistro);
-    Funcao(saida, "ParaProto(const " + tipo + "& p, pb::" + tipo + "& m)", campos, ParaProto);
-    Funcao(saida, "DeProto(const pb::" + tipo + "& m, " + tipo + "& p)", campos, DeProto);
-    Funcao(saida, "ParaFlat(const " + tipo + "& p, fb::" + tipo + "T& m)", campos, ParaFlat);
-    Funcao(saida, "DeFlat(const fb::" + tipo + "T& m, " + tipo + "& p)", campos, DeFlat);
-    Funcao(saida, "ParaCapnp(const " + tipo + "& p, capn::" + tipo + "::Builder m)", campos,
-           ParaCapnp);
-    Funcao(saida, "DeCapnp(capn::" + tipo + "::Reader m, " + tipo + "& p)", campos, DeCapnp);
+    const std::string reg = registro->Nome;
+    const std::string doPlano = "const " + tipo + "& p";
+    const std::string paraPlano = tipo + "& p";
+    Funcao(saida, "DeRegistro", "const " + reg + "& r", paraPlano, campos, DoRegistro);
+    Funcao(saida, "ParaRegistro", doPlano, reg + "& r", campos, ParaRegistro);
+    Funcao(saida, "ParaProto", doPlano, "pb::" + tipo + "& m", campos, ParaProto);
+    Funcao(saida, "DeProto", "const pb::" + tipo + "& m", paraPlano, campos, DeProto);
+    Funcao(saida, "ParaFlat", doPlano, "fb::" + tipo + "T& m", campos, ParaFlat);
+    Funcao(saida, "DeFlat", "const fb::" + tipo + "T& m", paraPlano, campos, DeFlat);
+    Funcao(saida, "ParaCapnp", doPlano, "capn::" + tipo + "::Builder m", campos, ParaCapnp);
+    Funcao(saida, "DeCapnp", "capn::" + tipo + "::Reader m", paraPlano, campos, DeCapnp);
   }
   saida << "}  // namespace plano\n";
 }

@@ -91,6 +91,7 @@ inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registr
     } else if (EhTextoFixo(campo)) {
       const std::string texto = TextoAleatorio(gerador, campo.Largura - 1U);
       std::memset(inicio, 0, campo.Largura);
+      // NOLINTNEXTLINE(bugprone-not-null-terminated-result): the field holds zeros already
       std::memcpy(inicio, texto.data(), texto.size());
     }
   }
@@ -105,7 +106,7 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
   for (const KXCampo& campo : info.Campos) {
     const unsigned char* campoA = bytesA + campo.Posicao;
     const unsigned char* campoB = bytesB + campo.Posicao;
-    const std::string onde = std::string(info.Nome) + "." + campo.Nome;
+    std::string onde = std::string(info.Nome) + "." + campo.Nome;
     if (campo.Papel == KXPapel::Lista) {
       std::uint16_t quantos = 0;
       std::memcpy(&quantos, bytesA + ContaDe(info, campo).Posicao, sizeof(quantos));
@@ -117,7 +118,7 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
       for (std::size_t i = 0; i < quantos; ++i) {
         const std::size_t posicao = i * campo.Elemento->Tamanho;
         const std::string dentro = Diferenca(*campo.Elemento, arrayA + posicao, arrayB + posicao);
-        if (!dentro.empty()) return onde + " / " + dentro;
+        if (!dentro.empty()) return onde.append(" / ").append(dentro);
       }
     } else if (campo.Papel == KXPapel::Bloco) {
       const auto& textoA = *reinterpret_cast<const KXStringPS*>(campoA);

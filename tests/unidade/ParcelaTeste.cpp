@@ -5,6 +5,7 @@
 
 #include "core/Checksum.h"
 #include "core/Financeiro.h"
+#include "tests/apoio/Paginas.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -42,6 +43,17 @@ TYPED_TEST(ParcelaEmCadaRegistro, NadaSePerdeDeRegistroARegistro) {
     EXPECT_EQ(apoio::Diferenca(info, &original.Reg, &normal.Reg), "");
     EXPECT_EQ(apoio::Diferenca(info, &original.Reg, &tarefa.Reg), "");
   }
+}
+
+TYPED_TEST(ParcelaEmCadaRegistro, MemoriaProibidaNaoSeEscreveNemSeLe) {
+  const apoio::Paginas paginas;
+  auto* const proibido = reinterpret_cast<TypeParam*>(paginas.Proibida());
+  Parcela parcela = ParcelaCheia();
+  parcela.CopiarPara(proibido);
+  parcela.CopiarParaPS(static_cast<TypeParam*>(nullptr));
+  EXPECT_TRUE(parcela == ParcelaCheia());
+  EXPECT_TRUE(parcela.CopiarDe(proibido).EstaVazio());
+  EXPECT_TRUE(ParcelaCheia().CopiarDe(static_cast<const TypeParam*>(nullptr)).EstaVazio());
 }
 
 // What one kind of record alone holds stays out of the others.

@@ -65,9 +65,9 @@ TEST(Texto, OrdenaPorByteSemSinal) {
 }
 
 TEST(Texto, CaixaSegueAPaginaDeCodigo) {
-  CString s = "a\xE0\xFE\xF7\xDF\xFF\x9A z`{";
-  EXPECT_EQ(s.MakeUpper(), "A\xC0\xDE\xF7\xDF\x9F\x8A Z`{");
-  EXPECT_EQ(s.MakeLower(), "a\xE0\xFE\xF7\xDF\xFF\x9A z`{");
+  CString s = "a\xE0\xFE\xF7\xDF\xFF\x9A\x9C\x9E z`{";
+  EXPECT_EQ(s.MakeUpper(), "A\xC0\xDE\xF7\xDF\x9F\x8A\x8C\x8E Z`{");
+  EXPECT_EQ(s.MakeLower(), "a\xE0\xFE\xF7\xDF\xFF\x9A\x9C\x9E z`{");
   EXPECT_EQ(CString("\xD7@[").MakeLower(), "\xD7@[");
 }
 
