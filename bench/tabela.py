@@ -56,6 +56,8 @@ def com_pares():
     for par, contra in PARES.items():
         yield Comparacao("order, decode", "OrdemCopiarDe", contra, f"{par}Decodifica",
                          1 / 3 if par == "Protobuf" else None)
+    yield Comparacao("order, decode", "OrdemCopiarDe", "protobuf, in an arena",
+                     "ProtobufDecodificaArena")
     yield Comparacao("order, decode, reused", "OrdemCopiarDeReusando", "protobuf",
                      "ProtobufDecodificaReusando")
     yield Comparacao("order, decode", "OrdemCopiarDe", "FlatBuffers, verified only",
