@@ -10,8 +10,6 @@ KX_IMPLEMENTA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra, TKXCMBaseParaDados)
 
 namespace {
 
-constexpr const char* kFonte = "DadosAC";
-
 using Chaves = std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>;
 
 }  // namespace
@@ -164,7 +162,8 @@ CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe
   Limpar();
   tagREG_CM_LE_LISTA_AC_CMSAUTPS copia;
   if (lista == nullptr ||
-      kx::CopiaBloco(&copia, lista, sizeof(copia), kFonte, __LINE__) == nullptr ||
+      kx::CopiaBloco(&copia, lista, sizeof(copia), CKXDadosCM_ACAutorizacaoCompra::kPosicao) ==
+          nullptr ||
       copia.ListaAC == nullptr || copia.QtdAC <= 0) {
     return *this;
   }
@@ -180,14 +179,13 @@ CKXDadosCM_ACTreeAutorizacaoCompra& CKXDadosCM_ACTreeAutorizacaoCompra::CopiarDe
 std::vector<CKXDadosCM_ACTreeAutorizacaoCompra::RegraLida>
 CKXDadosCM_ACTreeAutorizacaoCompra::LeRegras(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regras,
                                              std::size_t quantas) {
+  quantas = kx::ElementosLegiveis(regras, quantas, sizeof(*regras),
+                                  CKXDadosCM_ACAutorizacaoCompra::kPosicao);
   std::vector<RegraLida> lidas;
-  // No memory for a count that the array does not live up to.
-  if (kx::plataforma::Legivel(regras, quantas * sizeof(*regras))) lidas.reserve(quantas);
+  lidas.reserve(quantas);
   for (std::size_t i = 0; i < quantas; ++i) {
-    tagREG_CM_AUTORIZACAO_CMSAUTPS regra;
-    if (kx::CopiaBloco(&regra, &regras[i], sizeof(regra), kFonte, __LINE__) == nullptr) break;
-    lidas.push_back({{regra.ChaveEste, regra.ChaveNivelAnterior}, {}});
-    lidas.back().AC.emplace_back().CopiarDe(&regra);
+    lidas.push_back({{regras[i].ChaveEste, regras[i].ChaveNivelAnterior}, {}});
+    lidas.back().AC.emplace_back(kx::SemLimpar{}).CopiarDe(&regras[i]);
   }
   return lidas;
 }

@@ -8,11 +8,12 @@
 #include "core/Membro.h"
 
 // One save of a rule: the rule as it is (AC) and as it was (ACAnterior), the result of its
-// validation, and the keys of the rule that went in and came out. Equality compares all five.
+// validation, and the keys of the rule that went in and came out. Both rules are handed out as
+// copies. Equality compares all five.
 class KX_API CKXDadosCM_ACThread : public TKXCMBaseParaDados {
   KX_CLASSE_SEM_REGISTRO(CKXDadosCM_ACThread, TKXCMBaseParaDados)
-  KX_MEMBRO(CKXDadosCM_ACThread, CKXDadosCM_ACAutorizacaoCompra, AC)
-  KX_MEMBRO(CKXDadosCM_ACThread, CKXDadosCM_ACAutorizacaoCompra, ACAnterior)
+  KX_MEMBRO_POR_VALOR(CKXDadosCM_ACThread, CKXDadosCM_ACAutorizacaoCompra, AC)
+  KX_MEMBRO_POR_VALOR(CKXDadosCM_ACThread, CKXDadosCM_ACAutorizacaoCompra, ACAnterior)
   KX_MEMBRO(CKXDadosCM_ACThread, CKXDadosCM_ConsisteRetorno, ConsisteGrava)
   KX_MEMBRO(CKXDadosCM_ACThread, std::uint32_t, ChaveACIn)
   KX_MEMBRO(CKXDadosCM_ACThread, std::uint32_t, ChaveACOut)

@@ -1,10 +1,8 @@
 #include "ac/RegrasAC.h"
 
-#include "core/Motor.h"
+#include "core/Igualdade.h"
 
 namespace {
-
-constexpr const char* kFonte = "DadosAC";
 
 // The record as it is compared: a product without a status, or a status without a product, names
 // none.
@@ -17,17 +15,6 @@ tagREG_CM_AUTORIZACAO_CMSAUTPS SemProdutoIncompleto(tagREG_CM_AUTORIZACAO_CMSAUT
 }
 
 }  // namespace
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ACUsuario, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ACUsuario, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_ACUsuario)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ACUsuarios, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ACUsuarios, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_ACUsuarios)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ACAutorizacaoCompra, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ACAutorizacaoCompra, kx::Alocador::Delete, kFonte)
 
 bool CKXDadosCM_ACAutorizacaoCompra::operator==(const CKXDadosCM_ACAutorizacaoCompra& outro) const {
   return kx::RegistrosIguais(SemProdutoIncompleto(_Reg), SemProdutoIncompleto(outro._Reg)) &&

@@ -20,13 +20,10 @@
 #include "core/Colecao.h"
 #include "core/TKXCMBaseParaDados.h"
 
-#define KX_FONTE "DadosAC"
-
 // One approver, over tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS (8 bytes). Equality compares Usuario.
 class KX_API CKXDadosCM_ACUsuario : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ACUsuario, TKXCMBaseParaDados,
                         tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_ACUsuario
 #define KX_TABELA "ac/tagREG_CM_AUTORIZACAO_USUARIO_CMSAUTPS.def"
@@ -38,7 +35,6 @@ class KX_API CKXDadosCM_ACUsuario : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ACUsuarios : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ACUsuarios, TKXCMBaseParaDados,
                         tagREG_CM_AUTORIZACAO_USUARIOS_CMSAUTPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ACUsuarios, Usuarios_OR, CKXDadosCM_ACUsuario)
 
  protected:
@@ -57,7 +53,6 @@ class KX_API CKXDadosCM_ACUsuarios : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ACAutorizacaoCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ACAutorizacaoCompra, TKXCMBaseParaDados,
                         tagREG_CM_AUTORIZACAO_CMSAUTPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ACAutorizacaoCompra, Usuarios_AND, CKXDadosCM_ACUsuarios)
 
 #define KX_CLASSE CKXDadosCM_ACAutorizacaoCompra
@@ -74,5 +69,3 @@ class KX_API CKXDadosCM_ACAutorizacaoCompra : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaUsuarios_AND, &Registro::ListaUsuarios_AND, &Registro::QtdUsuarios_AND);
   }
 };
-
-#undef KX_FONTE

@@ -20,21 +20,14 @@ CKXCurrencyEx ValorDePercentual(const CY& percentual, CY& valor, const CKXCurren
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCAditivo, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCAditivo, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCAditivo)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCReajuste, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCReajuste, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCReajuste)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCNotaFiscal, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCNotaFiscal, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCNotaFiscal)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCClassificacao, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCClassificacao, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCClassificacao)
+KX_IMPLEMENTA(CKXDadosCM_CCAditivo, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCReajuste, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCNotaFiscal, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCClassificacao, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCExecucao, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCParcela, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCUsuario, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CCContrato, TKXCMBaseParaDados, Delete)
 
 CKXCurrencyEx CKXDadosCM_CCClassificacao::CalculaPercentual(CKXCurrencyEx total) noexcept {
   return PercentualDeValor(_ValorRateio, _Reg.PercRateio, total);
@@ -43,14 +36,6 @@ CKXCurrencyEx CKXDadosCM_CCClassificacao::CalculaPercentual(CKXCurrencyEx total)
 CKXCurrencyEx CKXDadosCM_CCClassificacao::CalculaValor(CKXCurrencyEx total) noexcept {
   return ValorDePercentual(_Reg.PercRateio, _ValorRateio, total);
 }
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCExecucao, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCExecucao, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCExecucao)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCParcela, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCParcela, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCParcela)
 
 CKXCurrencyEx CKXDadosCM_CCParcela::CalculaPercentualDescontos(CKXCurrencyEx total) noexcept {
   return PercentualDeValor(_Reg.ValorDescontos, _Reg.PercentualDescontos, total);
@@ -75,11 +60,3 @@ CKXCurrencyEx CKXDadosCM_CCParcela::CalculaValorJuros(CKXCurrencyEx total) noexc
 CKXCurrencyEx CKXDadosCM_CCParcela::CalculaValorMultas(CKXCurrencyEx total) noexcept {
   return ValorDePercentual(_Reg.PercentualMultas, _Reg.ValorMultas, total);
 }
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCUsuario, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCUsuario, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCUsuario)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CCContrato, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CCContrato, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CCContrato)

@@ -29,14 +29,11 @@
 #include "kxldados/CIEVinculo.h"
 #include "kxldados/Dinheiro.h"
 
-#define KX_FONTE "DadosCC"
-
 // Amendment that adds to the contract's value, or takes from it, over
 // tagREG_CONTRATO_COMPRA_ADITIVOPS (48 bytes), with a description. Of the description travel the
 // first 65,534 characters.
 class KX_API CKXDadosCM_CCAditivo : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCAditivo, TKXCMBaseParaDados, tagREG_CONTRATO_COMPRA_ADITIVOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_CCAditivo, CString, Descricao)
 
 #define KX_CLASSE CKXDadosCM_CCAditivo
@@ -46,7 +43,7 @@ class KX_API CKXDadosCM_CCAditivo : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.TextoCorrido(&Esta::_Descricao, &Registro::TextoDescricao, &Registro::TamanhoDescricao);
+    v.Corrido(&Esta::_Descricao, &Registro::TextoDescricao, &Registro::TamanhoDescricao);
   }
 };
 
@@ -54,7 +51,6 @@ class KX_API CKXDadosCM_CCAditivo : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_CCReajuste : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCReajuste, TKXCMBaseParaDados,
                         tagREG_CONTRATO_COMPRA_REAJUSTEPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CCReajuste
 #define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_REAJUSTEPS.def"
@@ -65,7 +61,6 @@ class KX_API CKXDadosCM_CCReajuste : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_CCNotaFiscal : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCNotaFiscal, TKXCMBaseParaDados,
                         tagREG_CONTRATO_COMPRA_NOTA_FISCALPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CCNotaFiscal
 #define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_NOTA_FISCALPS.def"
@@ -78,7 +73,6 @@ class KX_API CKXDadosCM_CCNotaFiscal : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_CCClassificacao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCClassificacao, TKXCMBaseParaDados,
                         tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_CCClassificacao, CY, ValorRateio)
 
 #define KX_CLASSE CKXDadosCM_CCClassificacao
@@ -101,7 +95,6 @@ class KX_API CKXDadosCM_CCClassificacao : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_CCExecucao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCExecucao, TKXCMBaseParaDados,
                         tagREG_CONTRATO_COMPRA_EXECUCAOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_CCExecucao, CString, Descricao)
 
 #define KX_CLASSE CKXDadosCM_CCExecucao
@@ -111,7 +104,7 @@ class KX_API CKXDadosCM_CCExecucao : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.TextoCorrido(&Esta::_Descricao, &Registro::TextoDescricao, &Registro::TamanhoDescricao);
+    v.Corrido(&Esta::_Descricao, &Registro::TextoDescricao, &Registro::TamanhoDescricao);
   }
 };
 
@@ -120,7 +113,6 @@ class KX_API CKXDadosCM_CCExecucao : public TKXCMBaseParaDados {
 // alone, is compared, and is zero after a conversion.
 class KX_API CKXDadosCM_CCParcela : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCParcela, TKXCMBaseParaDados, tagREG_CONTRATO_COMPRA_PARCELAPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_CCParcela, CY, ValorJuros)
 
 #define KX_CLASSE CKXDadosCM_CCParcela
@@ -146,7 +138,6 @@ class KX_API CKXDadosCM_CCParcela : public TKXCMBaseParaDados {
 // User who may see the contract, or may not, over tagREG_CONTRATO_COMPRA_USUARIOPS (8 bytes).
 class KX_API CKXDadosCM_CCUsuario : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CCUsuario, TKXCMBaseParaDados, tagREG_CONTRATO_COMPRA_USUARIOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CCUsuario
 #define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_USUARIOPS.def"
@@ -182,8 +173,8 @@ class KX_API CKXDadosCM_CCContrato : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Local(&Esta::_Vinculo);
-    v.TextoTerminado(&Esta::_Observacao, &Registro::TextoObservacao);
-    v.TextoTerminado(&Esta::_DescricaoContrato, &Registro::TextoDescricaoContrato);
+    v.Terminado(&Esta::_Observacao, &Registro::TextoObservacao);
+    v.Terminado(&Esta::_DescricaoContrato, &Registro::TextoDescricaoContrato);
     v.Lista(&Esta::_ListaReajuste, &Registro::ListaReajuste, &Registro::QtdReajuste);
     v.Lista(&Esta::_ListaAditivo, &Registro::ListaAditivo, &Registro::QtdAditivo);
     v.Lista(&Esta::_ListaNotaFiscal, &Registro::ListaNotaFiscal, &Registro::QtdNotaFiscal);
@@ -193,5 +184,3 @@ class KX_API CKXDadosCM_CCContrato : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaParcela, &Registro::ListaParcela, &Registro::QtdParcela);
   }
 };
-
-#undef KX_FONTE

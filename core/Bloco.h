@@ -8,6 +8,12 @@
 
 namespace kx {
 
+// Where a report comes from: the source of a class, without its ending, and a line in it.
+struct Posicao {
+  const char* Fonte;
+  int Linha;
+};
+
 // What a failed copy or fill reports (kCodigoFalhaBloco).
 KX_API void RelataFalhaBloco(std::size_t n, const char* fonte, int linha) noexcept;
 
@@ -20,6 +26,12 @@ inline void* CopiaBloco(void* destino, const void* origem, std::size_t n, const 
   void* const copia = plataforma::CopiaProtegida(destino, origem, n);
   if (copia == nullptr && n != 0) RelataFalhaBloco(n, fonte, linha);
   return copia;
+}
+
+// The same, for a class that says where it is (kPosicao).
+inline void* CopiaBloco(void* destino, const void* origem, std::size_t n,
+                        const Posicao& posicao) noexcept {
+  return CopiaBloco(destino, origem, n, posicao.Fonte, posicao.Linha);
 }
 
 // The same for filling n bytes with `valor`.

@@ -14,21 +14,49 @@
 //     of array new, the second for that of the task allocator. Null is allowed.
 //   - operator==, operator!=: the compared fields, texts and children, in depth.
 //   - EstaVazio(): the record all zero, no text, no child.
+//   - static const kx::Posicao kPosicao: what reports about the class say of where they come from.
 // CopiarDe and CopiarPara throw std::bad_alloc; the object, and the record after its release, stay
-// usable. A destination that cannot be written is left, reported (core/Bloco.h) and not filled.
+// usable. A destination that cannot be written is left, reported (core/Bloco.h) and not filled. A
+// source, a text or the rest of a child array that cannot be read is left out and reported once.
+//
+// CopiarDe clears through Limpar, so what a derived class adds is cleared by its OnLimpar.
+//
+// In the source, KX_IMPLEMENTA defines it all. A class that does one of these things in its own way
+// names there the others alone.
 #pragma once
+
+#include <type_traits>
+#include <typeinfo>
 
 #include "core/Listas.h"
 #include "core/TextoFixo.h"
 #include "kxldados/CObject.h"
 
 namespace kx {
-struct Motor;
-}
 
+struct Motor;
+struct Escrita;
+struct Leitura;
+
+// Asks for a default-constructed object whose record is not cleared: its first CopiarDe fills it.
+struct SemLimpar {};
+
+// True for the elements that a parent's conversion writes and reads without a call of their own:
+// the record is the one that their class stores and converts in the common way.
+template <class T, class E>
+inline constexpr bool kDireta = requires {
+  requires T::kConversaoDireta;
+  requires std::is_same_v<typename T::Registro, E>;
+};
+
+}  // namespace kx
+
+// For a class without a record: all but the record's part.
 #define KX_CLASSE_SEM_REGISTRO(Classe, BaseDireta)                         \
   KX_DECLARA_CLASSE(Classe)                                                \
   friend struct kx::Motor;                                                 \
+  friend struct kx::Escrita;                                               \
+  friend struct kx::Leitura;                                               \
                                                                            \
  public:                                                                   \
   using Esta = Classe;                                                     \
@@ -55,6 +83,7 @@ struct Motor;
   KX_CLASSE_SEM_REGISTRO(Classe, BaseDireta)                       \
  public:                                                           \
   using Registro = Reg;                                            \
+  static const kx::Posicao kPosicao;                               \
   explicit Classe(kx::SemLimpar) noexcept {}                       \
   const Reg& GetReg() const { return _Reg; }                       \
   Classe& CopiarDe(const Reg* origem);                             \
@@ -68,16 +97,24 @@ struct Motor;
 
 #define KX_CLASSE_DE_REGISTRO(Classe, BaseDireta, Reg)       \
   KX_CLASSE_DE_REGISTRO_SEM_ESCRITA(Classe, BaseDireta, Reg) \
+  static constexpr bool kConversaoDireta = true;             \
   const Classe& CopiarPara(Reg* destino) const;
 
-// In the body of a class whose conversions are those of KX_IMPLEMENTA_CONVERSAO: a parent's
-// conversion may then do them in place. KX_FONTE is the source name of its reports.
-#define KX_CONVERSAO_DIRETA                      \
- public:                                         \
-  static constexpr bool kConversaoDireta = true; \
-  static constexpr const char* kFonteDosRelatos = KX_FONTE;
+// The definitions, in the source of the room that is named as it is (DadosRE.cpp), where kFonte is
+// that name. De is the allocator of CopiarPara. BaseDeExecucao is what _GetBaseClass reports: the
+// base that callers have always been told, which for some classes is not the C++ base.
+#define KX_IMPLEMENTA(Classe, BaseDeExecucao, De) \
+  KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)  \
+  KX_IMPLEMENTA_LIBERACAO(Classe)                 \
+  KX_IMPLEMENTA_ESCRITA(Classe, De)               \
+  KX_IMPLEMENTA_IGUALDADE(Classe)
 
-// The definitions, in the source. BaseDeExecucao is what _GetBaseClass reports.
+// The same of a class without a record.
+#define KX_IMPLEMENTA_SEM_REGISTRO(Classe, BaseDeExecucao) \
+  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)               \
+  KX_IMPLEMENTA_IGUALDADE(Classe)                          \
+  Classe::Classe() = default;
+
 #define KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                \
   KX_IMPLEMENTA_CLASSE(Classe, BaseDeExecucao)                    \
   Classe& Classe::operator=(const Classe& outro) {                \
@@ -106,9 +143,24 @@ struct Motor;
 #define KX_IMPLEMENTA_IGUALDADE(Classe) \
   bool Classe::operator==(const Classe& outro) const { return kx::Motor::Iguais(*this, outro); }
 
-#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)  \
-  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)            \
-  Classe::Classe() : _Reg{} {}                          \
+// What a derived class adds is cleared by the virtual Limpar; of the class itself, the record that
+// is about to be overwritten need not be.
+#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)            \
+  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                      \
+  constinit const kx::Posicao Classe::kPosicao{kFonte, __LINE__}; \
+  Classe::Classe() : _Reg{} {}                                    \
+  Classe& Classe::CopiarDe(const Registro* origem) {              \
+    if (typeid(*this) == typeid(Classe)) {                        \
+      Base::OnLimpar();                                           \
+      kx::Motor::LimpaPartes(*this);                              \
+    } else {                                                      \
+      Limpar();                                                   \
+    }                                                             \
+    kx::Leitura::Registro(*this, origem);                         \
+    return *this;                                                 \
+  }
+
+#define KX_IMPLEMENTA_LIBERACAO(Classe)                 \
   void Classe::ZerarDelete(Registro* registro) {        \
     kx::LiberaRegistro(registro, kx::Alocador::Delete); \
   }                                                     \
@@ -116,16 +168,22 @@ struct Motor;
     kx::LiberaRegistro(registro, kx::Alocador::Tarefa); \
   }
 
-#define KX_IMPLEMENTA_LEITURA(Classe, Fonte)         \
-  Classe& Classe::CopiarDe(const Registro* origem) { \
-    Base::OnLimpar();                                \
-    kx::Motor::Le(*this, origem, Fonte, __LINE__);   \
-    return *this;                                    \
+#define KX_IMPLEMENTA_ESCRITA(Classe, De)                     \
+  const Classe& Classe::CopiarPara(Registro* destino) const { \
+    kx::Escrita::Registro(*this, destino, kx::Alocador::De);  \
+    return *this;                                             \
   }
 
-#define KX_IMPLEMENTA_CONVERSAO(Classe, De, Fonte)            \
-  KX_IMPLEMENTA_LEITURA(Classe, Fonte)                        \
-  const Classe& Classe::CopiarPara(Registro* destino) const { \
-    kx::Motor::Escreve(*this, destino, De, Fonte, __LINE__);  \
-    return *this;                                             \
+// For a class that also declares CopiarParaPS of its own record.
+#define KX_IMPLEMENTA_ESCRITA_PS(Classe)                         \
+  const Classe& Classe::CopiarParaPS(Registro* destino) const {  \
+    kx::Escrita::Registro(*this, destino, kx::Alocador::Tarefa); \
+    return *this;                                                \
+  }
+
+// For a class that declares OnCalculaCRC as the checksum of its stored record and of nothing else,
+// from 0 whatever is passed in (core/Checksum.h).
+#define KX_IMPLEMENTA_CHECKSUM(Classe)                                    \
+  unsigned long Classe::OnCalculaCRC(unsigned long* /*anterior*/) const { \
+    return kx::CalculaChecksum(&_Reg, sizeof(_Reg));                      \
   }

@@ -35,17 +35,17 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
   virtual void CopiarDe(const REG* origem) {
     Limpar();
     if (origem != nullptr &&
-        kx::CopiaBloco(&_Reg, origem, sizeof(REG), "DadosRegistro", __LINE__) == nullptr) {
+        kx::CopiaBloco(&_Reg, origem, sizeof(REG), kFonte, __LINE__) == nullptr) {
       std::memset(&_Reg, 0, sizeof(REG));
     }
   }
   // Overwrites the whole destination, which must not be null.
   virtual void CopiarPara(REG* destino) const {
-    kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
+    kx::CopiaBloco(destino, &_Reg, sizeof(REG), kFonte, __LINE__);
   }
   // The same; derived classes take nested arrays from the task allocator here.
   virtual void CopiarParaPS(REG* destino) const {
-    kx::CopiaBloco(destino, &_Reg, sizeof(REG), "DadosRegistro", __LINE__);
+    kx::CopiaBloco(destino, &_Reg, sizeof(REG), kFonte, __LINE__);
   }
 
  protected:
@@ -77,6 +77,9 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
 
   // The record as it was last set.
   REG _Reg;
+
+ private:
+  static constexpr const char* kFonte = "DadosRegistro";
 };
 
 // A record with child arrays: derived classes override the three hooks to replace the copied array

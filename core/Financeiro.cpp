@@ -1,5 +1,6 @@
 #include "core/Financeiro.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "core/Checksum.h"
@@ -7,33 +8,35 @@
 
 namespace {
 
-constexpr const char* kFonte = "DadosCore";
-
 template <class REG>
 constexpr bool kTemImpostos = requires(REG& reg) {
   reg.ListaItemImposto;
 };
+
+// As every fixed text is copied: terminated, and zero behind the end.
+template <std::size_t N>
+void CopiaDocumento(const char (&de)[N], char (&para)[N]) {
+  const char* const fim = std::find(de, de + N - 1, '\0');
+  std::fill(std::copy(de, fim, para), para + N, '\0');
+}
 
 void LeCampos(const tagREG_FATURA_CONHECIMENTOPS& de, tagREG_FATURA_ENTRADAPS& para) {
   para.RegDataVencimento = de.DataHoraVencimento.Data;
   para.NumeroDias = de.NumeroDias;
   para.Valor = de.Valor;
   para.ValorLiquido = de.ValorLiquido;
-  std::memcpy(para.NumeroDocumento, de.NumeroDocumento, sizeof(para.NumeroDocumento));
+  CopiaDocumento(de.NumeroDocumento, para.NumeroDocumento);
   para.PonteiroTipoVencimento = de.PonteiroTipoVencimento;
   para.PonteiroFormaPagamento = de.PonteiroFormaPagamento;
   para.ValorDigitado = de.ValorDigitado;
 }
 
 void EscreveCampos(const tagREG_FATURA_ENTRADAPS& de, tagREG_FATURA_CONHECIMENTOPS& para) {
-  // What came beside the date holds for that date alone.
-  if (para.DataHoraVencimento.Data != de.RegDataVencimento) {
-    para.DataHoraVencimento = {de.RegDataVencimento, {}};
-  }
+  para.DataHoraVencimento = {de.RegDataVencimento, {}};
   para.NumeroDias = de.NumeroDias;
   para.Valor = de.Valor;
   para.ValorLiquido = de.ValorLiquido;
-  std::memcpy(para.NumeroDocumento, de.NumeroDocumento, sizeof(para.NumeroDocumento));
+  CopiaDocumento(de.NumeroDocumento, para.NumeroDocumento);
   para.PonteiroTipoVencimento = de.PonteiroTipoVencimento;
   para.PonteiroFormaPagamento = de.PonteiroFormaPagamento;
   para.ValorDigitado = de.ValorDigitado;
@@ -70,35 +73,6 @@ void LiberaImpostos(REG* registro, kx::Alocador alocador) noexcept {
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ImpostoDeducao, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ImpostoDeducao, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_ImpostoDeducao)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ItemImposto, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ItemImposto, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_ItemImposto)
-
-const CKXDadosCM_ItemImposto& CKXDadosCM_ItemImposto::CopiarParaPS(
-    tagREG_ITEM_IMPOSTOPS* destino) const {
-  kx::Motor::Escreve(*this, destino, kx::Alocador::Tarefa, kFonte, __LINE__);
-  return *this;
-}
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_TituloImposto, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_TituloImposto, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_TituloImposto)
-
-KX_IMPLEMENTA_VIDA(CKXDadosCM_CondicaoPagamento, TKXCMBaseParaDados)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CondicaoPagamento)
-
-CKXDadosCM_CondicaoPagamento::CKXDadosCM_CondicaoPagamento() = default;
-
-KX_IMPLEMENTA_VIDA(CKXDadosCM_Parcela, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_Parcela, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_Parcela)
-
-CKXDadosCM_Parcela::CKXDadosCM_Parcela() : _Reg{} {}
-
 unsigned long CKXDadosCM_Parcela::OnCalculaCRC(unsigned long* /*anterior*/) const {
   std::uint32_t crc = 0;
   const auto soma = [&crc](const auto& campo) {
@@ -121,16 +95,16 @@ CKXDadosCM_Parcela& CKXDadosCM_Parcela::Le(const REG* origem, Origem tipo) {
   static_assert(sizeof(REG) <= sizeof(_Bruto.Bytes));
   Limpar();
   REG copia;
-  if (origem == nullptr ||
-      kx::CopiaBloco(&copia, origem, sizeof(copia), kFonte, __LINE__) == nullptr) {
+  if (origem == nullptr || kx::CopiaBloco(&copia, origem, sizeof(copia), kPosicao) == nullptr) {
     return *this;
   }
   LeCampos(copia, _Reg);
-  kx::EsqueceListas(copia);
+  kx::EsquecePendentes(copia);
   std::memcpy(_Bruto.Bytes.data(), &copia, sizeof(copia));
   _Bruto.De = tipo;
   if constexpr (kTemImpostos<REG>) {
-    kx::LeLista(_ListaItemImposto, origem->ListaItemImposto, origem->QtdItemImposto);
+    kx::Leitura::Lista(_ListaItemImposto, origem->ListaItemImposto, origem->QtdItemImposto,
+                       kPosicao);
   }
   return *this;
 }
@@ -141,10 +115,10 @@ const CKXDadosCM_Parcela& CKXDadosCM_Parcela::Escreve(REG* destino, Origem tipo,
   REG copia{};
   if (_Bruto.De == tipo) std::memcpy(&copia, _Bruto.Bytes.data(), sizeof(copia));
   EscreveCampos(_Reg, copia);
-  if (kx::CopiaBloco(destino, &copia, sizeof(copia), kFonte, __LINE__) == nullptr) return *this;
+  if (kx::CopiaBloco(destino, &copia, sizeof(copia), kPosicao) == nullptr) return *this;
   if constexpr (kTemImpostos<REG>) {
-    kx::EscreveLista(_ListaItemImposto, destino->ListaItemImposto, destino->QtdItemImposto,
-                     alocador);
+    kx::Escrita::Lista(_ListaItemImposto, destino->ListaItemImposto, destino->QtdItemImposto,
+                       alocador);
   }
   return *this;
 }
@@ -175,11 +149,6 @@ const CKXDadosCM_Parcela& CKXDadosCM_Parcela::CopiarPara(
   return Escreve(destino, Origem::Cotacao, kx::Alocador::Delete);
 }
 
-const CKXDadosCM_Parcela& CKXDadosCM_Parcela::CopiarParaPS(tagREG_FATURA_ENTRADAPS* destino) const {
-  kx::Motor::Escreve(*this, destino, kx::Alocador::Tarefa, kFonte, __LINE__);
-  return *this;
-}
-
 const CKXDadosCM_Parcela& CKXDadosCM_Parcela::CopiarParaPS(
     tagREG_FATURA_CONHECIMENTOPS* destino) const {
   return Escreve(destino, Origem::Conhecimento, kx::Alocador::Tarefa);
@@ -208,4 +177,20 @@ void CKXDadosCM_Parcela::ZerarDelete(tagREG_FATURA_CONHECIMENTOPS* registro) {
 
 void CKXDadosCM_Parcela::ZerarGlobalAlloc(tagREG_FATURA_CONHECIMENTOPS* registro) {
   LiberaImpostos(registro, kx::Alocador::Tarefa);
+}
+
+void CKXDadosCM_Parcela::ZerarDelete(tagREG_FATURA_COMPRAPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Delete);
+}
+
+void CKXDadosCM_Parcela::ZerarDelete(tagREG_COTACAOITEMFATURAPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Delete);
+}
+
+void CKXDadosCM_Parcela::ZerarGlobalAlloc(tagREG_FATURA_COMPRAPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Tarefa);
+}
+
+void CKXDadosCM_Parcela::ZerarGlobalAlloc(tagREG_COTACAOITEMFATURAPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Tarefa);
 }

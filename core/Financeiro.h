@@ -2,7 +2,7 @@
 // tax titles and the payment condition that holds them. Money is in 1/10,000.
 //
 // Each of the four record classes converts twice: CopiarPara takes nested arrays from array new,
-// CopiarParaPS from the task allocator.
+// CopiarParaPS from the task allocator, even where nothing hangs from the record.
 #pragma once
 
 #include <array>
@@ -14,23 +14,22 @@
 #include "core/Registros.h"
 #include "core/TKXCMBaseParaDados.h"
 
-#define KX_FONTE "DadosCore"
-
 // A deduction from the base of a tax, over tagREG_IMPOSTO_DEDUCAOPS (280 bytes).
 class KX_API CKXDadosCM_ImpostoDeducao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ImpostoDeducao, TKXCMBaseParaDados, tagREG_IMPOSTO_DEDUCAOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_ImpostoDeducao
 #define KX_TABELA "core/tagREG_IMPOSTO_DEDUCAOPS.def"
 #include "core/tabela/Acessores.h"
+
+  // The same as CopiarPara: nothing hangs from the record.
+  const CKXDadosCM_ImpostoDeducao& CopiarParaPS(tagREG_IMPOSTO_DEDUCAOPS* destino) const;
 };
 
 // A tax of an installment or of a receipt item, over tagREG_ITEM_IMPOSTOPS (64 bytes), with its
 // deductions.
 class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemImposto, TKXCMBaseParaDados, tagREG_ITEM_IMPOSTOPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ItemImposto, Deducao, CKXDadosCM_ImpostoDeducao)
 
 #define KX_CLASSE CKXDadosCM_ItemImposto
@@ -53,15 +52,15 @@ class KX_API CKXDadosCM_ItemImposto : public TKXCMBaseParaDados {
 //   tagREG_FATURA_COMPRAPS        (24 bytes, purchase order) no document number, no net value, no
 //   tagREG_COTACAOITEMFATURAPS    (24 bytes, quotation)      taxes
 // Bytes of these three that have no field here are kept as they came, and written back when the
-// object is converted into the same kind of record; those beside the freight bill's due date only
-// as long as the date is the same.
+// object is converted into the same kind of record. The freight bill's due date is the date and
+// zeros after it; its document number has at most 61 characters, and zeros after them, whichever
+// way it goes.
 //
 // The releases free the array of taxes of the record they are given, and not the deduction arrays
 // inside its elements: a caller that owns those releases them first, element by element, with
 // CKXDadosCM_ItemImposto's releases. (A document's own release walks everything.)
 class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_Parcela, TKXCMBaseParaDados, tagREG_FATURA_ENTRADAPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_Parcela, ItemImposto, CKXDadosCM_ItemImposto)
 
 #define KX_CLASSE CKXDadosCM_Parcela
@@ -84,9 +83,13 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_FATURA_COMPRAPS* destino) const;
   const CKXDadosCM_Parcela& CopiarParaPS(tagREG_COTACAOITEMFATURAPS* destino) const;
 
-  // The releases of the freight bill's installment.
+  // The releases of the other kinds of record; nothing hangs from the last two.
   static void ZerarDelete(tagREG_FATURA_CONHECIMENTOPS* registro);
+  static void ZerarDelete(tagREG_FATURA_COMPRAPS* registro);
+  static void ZerarDelete(tagREG_COTACAOITEMFATURAPS* registro);
   static void ZerarGlobalAlloc(tagREG_FATURA_CONHECIMENTOPS* registro);
+  static void ZerarGlobalAlloc(tagREG_FATURA_COMPRAPS* registro);
+  static void ZerarGlobalAlloc(tagREG_COTACAOITEMFATURAPS* registro);
 
  protected:
   // The checksum of the due date, NumeroDias, Valor, ValorLiquido, the characters of
@@ -122,16 +125,19 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
 // A tax to be paid to its collector, over tagREG_TITULO_IMPOSTOPS (648 bytes).
 class KX_API CKXDadosCM_TituloImposto : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_TituloImposto, TKXCMBaseParaDados, tagREG_TITULO_IMPOSTOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_TituloImposto
 #define KX_TABELA "core/tagREG_TITULO_IMPOSTOPS.def"
 #include "core/tabela/Acessores.h"
+
+  // The same as CopiarPara: nothing hangs from the record.
+  const CKXDadosCM_TituloImposto& CopiarParaPS(tagREG_TITULO_IMPOSTOPS* destino) const;
 };
 
 // How a document is paid: the condition chosen, the first due date, the installments and the tax
-// titles. It has no record of its own: each document carries its parts in its record. Equality
-// compares all of it.
+// titles. It has no record of its own: each document carries those of its parts that its record
+// has a place for, and the stored record keeps them as they were last read. Equality compares all
+// of it.
 class KX_API CKXDadosCM_CondicaoPagamento : public TKXCMBaseParaDados {
   KX_CLASSE_SEM_REGISTRO(CKXDadosCM_CondicaoPagamento, TKXCMBaseParaDados)
   KX_MEMBRO(CKXDadosCM_CondicaoPagamento, std::uint32_t, PonteiroTipoPeriodo)
@@ -154,6 +160,29 @@ class KX_API CKXDadosCM_CondicaoPagamento : public TKXCMBaseParaDados {
     v.Local(&Esta::_ListaParcela);
     v.Local(&Esta::_ListaTituloImposto);
   }
-};
 
-#undef KX_FONTE
+ private:
+  // visita(value, field) and visita(collection, array, count) for each part of the condition that
+  // the record of a document has a place for. The tables say which: they name those places alike.
+  template <class Condicao, class REG, class Visita>
+  static void VisitaRegistro(Condicao& condicao, REG& reg, Visita visita) {
+    if constexpr (requires { reg.PonteiroTipoPeriodo; }) {
+      visita(condicao._PonteiroTipoPeriodo, reg.PonteiroTipoPeriodo);
+    }
+    if constexpr (requires { reg.DataPrimeiroVencimento; }) {
+      visita(condicao._DataPrimeiroVencimento, reg.DataPrimeiroVencimento);
+    }
+    if constexpr (requires { reg.PonteiroTipoCobranca; }) {
+      visita(condicao._PonteiroTipoCobranca, reg.PonteiroTipoCobranca);
+    }
+    if constexpr (requires { reg.PonteiroCondicaoPagamento; }) {
+      visita(condicao._PonteiroCondicaoPagamento, reg.PonteiroCondicaoPagamento);
+    }
+    if constexpr (requires { reg.ListaParcela; }) {
+      visita(condicao._ListaParcela, reg.ListaParcela, reg.QtdParcela);
+    }
+    if constexpr (requires { reg.ListaTituloImposto; }) {
+      visita(condicao._ListaTituloImposto, reg.ListaTituloImposto, reg.QtdTituloImposto);
+    }
+  }
+};

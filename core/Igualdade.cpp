@@ -20,10 +20,8 @@ bool CampoIgual(const KXCampo& campo, const char* a, const char* b) {
 bool CamposIguais(const KXRegistroInfo& info, const void* a, const void* b) {
   const char* bytesA = static_cast<const char*>(a);
   const char* bytesB = static_cast<const char*>(b);
-  // The answer does not depend on the order, so the table's own is as good as that of comparison.
   for (const KXCampo& campo : info.Campos) {
-    if (campo.Igualdade != 0 &&
-        !CampoIgual(campo, bytesA + campo.Posicao, bytesB + campo.Posicao)) {
+    if (campo.Comparado && !CampoIgual(campo, bytesA + campo.Posicao, bytesB + campo.Posicao)) {
       return false;
     }
   }

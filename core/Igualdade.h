@@ -1,4 +1,4 @@
-// Equality of two records of one type: the fields that their table numbers.
+// Equality of two records of one type: the fields that their table marks as compared.
 //
 // Records that are the same byte for byte need no closer look; only when they differ are their
 // fields looked at one by one.

@@ -1,6 +1,7 @@
 // A field that lives in the object and not in its record:
 //   KX_MEMBRO(Classe, T, Nome) declares const T& GetNome() const, T& GetNome(),
 //   Classe& SetNome(const T&) and the member _Nome, initially zero or empty.
+//   KX_MEMBRO_POR_VALOR declares T GetNome() const in place of the two references.
 #pragma once
 
 #define KX_MEMBRO(Classe, T, Nome)               \
@@ -15,4 +16,17 @@
  protected:                                      \
   T _##Nome{};                                   \
                                                  \
+ public:
+
+#define KX_MEMBRO_POR_VALOR(Classe, T, Nome) \
+ public:                                     \
+  T Get##Nome() const { return _##Nome; }    \
+  Classe& Set##Nome(const T& valor) {        \
+    _##Nome = valor;                         \
+    return *this;                            \
+  }                                          \
+                                             \
+ protected:                                  \
+  T _##Nome{};                               \
+                                             \
  public:

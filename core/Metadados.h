@@ -29,9 +29,9 @@ enum class KXTipoCampo : std::uint8_t {
   SemSinal64,
   ComSinal32,
   ComSinal64,
-  Caractere,     // char
-  TextoContado,  // KXStringPS
-  Ponteiro,      // first element of a child array, or first character of a text
+  Caractere,  // char
+  Contado,    // KXStringPS
+  Ponteiro,   // first element of a child array, or first character of a text
 };
 
 // What a row of the table stands for.
@@ -41,9 +41,9 @@ enum class KXPapel : std::uint8_t {
   Interno,    // a field whose value another object keeps
   Reserva,    // carried unchanged
   Zero,       // spare bytes that do not travel
-  Bloco,      // counted text
-  Tamanho,    // size of a text; its row Texto... stands elsewhere
-  Corrido,    // pointer to the characters of a text
+  Contado,    // pointer and size of a text
+  Tamanho,    // size of a Corrido, which stands elsewhere
+  Corrido,    // pointer to the characters of a text whose size stands elsewhere
   Terminado,  // the same, of a text without a size: it ends at its terminator
   Conta,      // count of a child array; its row Lista... stands elsewhere
   Lista,      // child array
@@ -58,7 +58,8 @@ struct KXCampo {
   std::uint16_t Largura;           // bytes
   KXTipoCampo Tipo;                // how its bytes are read
   KXPapel Papel;                   // what it stands for
-  std::uint16_t Igualdade;         // place in the order of comparison, 0 when not compared
+  bool Comparado;                  // whether equality sees it
+  std::uint16_t Linha;             // of the row, in the file of the table
   const char* Significado;         // English, without a full stop
   const KXRegistroInfo* Elemento;  // record of the elements, of a list alone
 };
@@ -71,10 +72,10 @@ struct KXRegistroInfo {
   std::span<const KXCampo> Campos;  // in byte order
 };
 
-// Specialised by each record table: Registro, kInfo, kCampos and VisitaListas, which calls
-// visitante.Lista(pointer&, count&) for each child array, visitante.Texto(KXStringPS&) and
-// visitante.TextoCorrido(pointer&, size&) for each counted text, visitante.TextoTerminado(pointer&)
-// for each text without a size, and visitante.Zero(bytes&) for the spare bytes of a record.
+// Specialised by each record table: Registro, kInfo, kCampos and VisitaPendentes, the visit of what
+// hangs from a record: visitante.Lista(pointer&, count&) for each child array, then for each text
+// visitante.Contado(KXStringPS&), Corrido(pointer&, size&) or Terminado(pointer&), after the kind
+// of its row; and visitante.Zero(bytes&) for the spare bytes, which hang from nothing.
 template <class REG>
 struct KXMetadados;
 
@@ -144,18 +145,27 @@ struct TipoDe<char> {
 template <class T>
 inline constexpr KXTipoCampo kTipoDe = TipoDe<T>::valor;
 
-// True when each row begins where the one before ended and the last ends at the record's size.
-constexpr bool TabelaContigua(std::span<const KXCampo> campos, std::size_t tamanho) {
+// The line of the row whose numbers do not fit those around it, 0 when all do: each begins where
+// the one before ended, and the last ends at the record's size. Of two neighbours that disagree it
+// is the one that also disagrees with its other side.
+constexpr int LinhaErrada(std::span<const KXCampo> campos, std::size_t tamanho) {
   std::size_t posicao = 0;
-  for (const KXCampo& campo : campos) {
-    if (campo.Papel == KXPapel::Parte) {
-      if (std::size_t{campo.Posicao} + campo.Largura > posicao) return false;
-      continue;
+  const KXCampo* anterior = nullptr;
+  for (std::size_t i = 0; i < campos.size(); ++i) {
+    const KXCampo& campo = campos[i];
+    if (campo.Papel == KXPapel::Parte) continue;
+    if (campo.Posicao != posicao) {
+      std::size_t seguinte = tamanho;
+      for (std::size_t j = campos.size(); --j > i;) {
+        if (campos[j].Papel != KXPapel::Parte) seguinte = campos[j].Posicao;
+      }
+      const bool soEle = posicao + campo.Largura == seguinte;
+      return soEle || anterior == nullptr ? campo.Linha : anterior->Linha;
     }
-    if (campo.Posicao != posicao) return false;
     posicao += campo.Largura;
+    anterior = &campo;
   }
-  return posicao == tamanho;
+  return posicao == tamanho || anterior == nullptr ? 0 : anterior->Linha;
 }
 
 }  // namespace kx

@@ -9,15 +9,12 @@
 #include "core/Registros.h"
 #include "core/TKXCMBaseParaDados.h"
 
-#define KX_FONTE "DadosCore"
-
 // How the management accounts of a line add up to it.
 enum class eVariavelSomaGerencial : std::uint8_t { NaoSoma = 0, Quantidade = 1, Valor = 2 };
 
 // One management-account link, over tagREG_GERENCIALPS (24 bytes).
 class KX_API TKXGerencial : public TKXBaseParaDados {
   KX_CLASSE_DE_REGISTRO(TKXGerencial, TKXBaseParaDados, tagREG_GERENCIALPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE TKXGerencial
 #define KX_TABELA "core/tagREG_GERENCIALPS.def"
@@ -28,7 +25,6 @@ class KX_API TKXGerencial : public TKXBaseParaDados {
 class KX_API CKXDadosINTEG_EFMovimentoItemProcessoJuridicoEFD : public TKXBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosINTEG_EFMovimentoItemProcessoJuridicoEFD, TKXBaseParaDados,
                         tagREG_PROCESSO_JURIDICOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosINTEG_EFMovimentoItemProcessoJuridicoEFD
 #define KX_TABELA "core/tagREG_PROCESSO_JURIDICOPS.def"
@@ -47,5 +43,3 @@ class KX_API CKXDadosCM_RateioBase : public TKXCMBaseParaDados {
     v.Local(&Esta::_ListaGerencial);
   }
 };
-
-#undef KX_FONTE

@@ -11,13 +11,14 @@ template <>
 struct KXMetadados<REG_KXDMC> {
   using Registro = REG_KXDMC;
   static constexpr KXCampo kCampos[] = {
-      {"Data", 0, 4, KXTipoCampo::Data, KXPapel::Campo, 1, "date that opens the series", nullptr},
-      {"Contador", 4, 4, KXTipoCampo::SemSinal32, KXPapel::Campo, 2, "number within that date",
-       nullptr},
+      {"Data", 0, 4, KXTipoCampo::Data, KXPapel::Campo, true, __LINE__,
+       "date that opens the series", nullptr},
+      {"Contador", 4, 4, KXTipoCampo::SemSinal32, KXPapel::Campo, true, __LINE__,
+       "number within that date", nullptr},
   };
   static constexpr KXRegistroInfo kInfo{"REG_KXDMC", "key of a document", sizeof(REG_KXDMC),
                                         kCampos};
-  static void VisitaListas(Registro& /*registro*/, auto&& /*visitante*/) noexcept {}
+  static void VisitaPendentes(Registro& /*registro*/, auto&& /*visitante*/) noexcept {}
 };
 
 // Answer of the server about a document.

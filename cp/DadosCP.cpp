@@ -8,27 +8,13 @@ constexpr const char* kFonte = "DadosCP";
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_RateioBase)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_RateioCotacaoPreco, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_RateioCotacaoPreco)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_FornecedorCotacaoPreco, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_FornecedorCotacaoPreco)
+KX_IMPLEMENTA(CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_RateioBase, Delete)
+KX_IMPLEMENTA(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_ItemCotacaoPreco, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_AcompanhamentoCotacaoPreco, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CotacaoPreco, TKXCMBaseParaDados, Delete)
 
 bool CKXDadosCM_FornecedorCotacaoPreco::CompareElements(
     const CKXDadosCM_FornecedorCotacaoPreco& a, const CKXDadosCM_FornecedorCotacaoPreco& b) {
   return a.GetPonteiroFornecedor() == b.GetPonteiroFornecedor();
 }
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ItemCotacaoPreco, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_ItemCotacaoPreco, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_ItemCotacaoPreco)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_AcompanhamentoCotacaoPreco, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_AcompanhamentoCotacaoPreco, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_AcompanhamentoCotacaoPreco)
-
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CotacaoPreco, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CotacaoPreco, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CotacaoPreco)

@@ -21,15 +21,12 @@
 #include "cp/RegistrosCP.h"
 #include "kxldados/CIEVinculo.h"
 
-#define KX_FONTE "DadosCP"
-
 // Apportionment line of a quoted item, over tagREG_SOLICITACAO_RATEIO_COMPRAPS (568 bytes), with
 // its management accounts. Equality compares every field and the accounts in their order; of the
 // history complement, the first three lines.
 class KX_API CKXDadosCM_RateioCotacaoPreco : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RateioCotacaoPreco, CKXDadosCM_RateioBase,
                         tagREG_SOLICITACAO_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RateioCotacaoPreco
 #define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
@@ -52,7 +49,6 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CKXDadosCM_CondicaoPagamento, CondicaoPagamento)
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMFORNECEDORPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, NomeFornecedor)
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CString, Observacao)
   // Whether the screens ignore SituacaoCotacao.
@@ -70,9 +66,9 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Local(&Esta::_DesconsiderarSituacao);
-    v.Texto(&Esta::_NomeFornecedor, &Registro::NomeFornecedor);
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
-    v.Local(&Esta::_CondicaoPagamento);
+    v.Contado(&Esta::_NomeFornecedor, &Registro::NomeFornecedor);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
+    v.Condicao(&Esta::_CondicaoPagamento);
   }
 };
 
@@ -82,7 +78,6 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMPRODUTOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Observacao)
   KX_MEMBRO(CKXDadosCM_ItemCotacaoPreco, CString, Complemento)
   KX_COLECAO(CKXDadosCM_ItemCotacaoPreco, Rateio, CKXDadosCM_RateioCotacaoPreco)
@@ -105,8 +100,8 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
-    v.Texto(&Esta::_Complemento, &Registro::Complemento);
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
+    v.Contado(&Esta::_Complemento, &Registro::Complemento);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
     v.Auxiliar(&Esta::_DesconsiderarRateio);
   }
 };
@@ -118,7 +113,6 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_AcompanhamentoCotacaoPreco : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_AcompanhamentoCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOACOMPANHAMENTOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_AcompanhamentoCotacaoPreco, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_AcompanhamentoCotacaoPreco
@@ -128,7 +122,7 @@ class KX_API CKXDadosCM_AcompanhamentoCotacaoPreco : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
   }
 };
 
@@ -158,8 +152,8 @@ class KX_API CKXDadosCM_CotacaoPreco : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
-    v.Texto(&Esta::_LocalEntrega, &Registro::LocalEntrega);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
+    v.Contado(&Esta::_LocalEntrega, &Registro::LocalEntrega);
     v.Lista(&Esta::_ListaItem, &Registro::ListaItem, &Registro::QtdItem);
     v.Lista(&Esta::_ListaFornecedor, &Registro::ListaFornecedor, &Registro::QtdFornecedor);
     v.Lista(&Esta::_ListaAcompanhamento, &Registro::ListaAcompanhamento,
@@ -168,5 +162,3 @@ class KX_API CKXDadosCM_CotacaoPreco : public TKXCMBaseParaDados {
     v.NaoComparado(&Esta::_ListaLogs);
   }
 };
-
-#undef KX_FONTE

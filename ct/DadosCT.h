@@ -22,13 +22,10 @@
 #include "ct/RegistrosCT.h"
 #include "kxldados/CIEVinculo.h"
 
-#define KX_FONTE "DadosCT"
-
 // An invoice whose goods were carried, over tagREG_NOTAFISCAL_CONHECIMENTOPS (200 bytes).
 class KX_API CKXDadosCM_CTNotaFiscal : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CTNotaFiscal, TKXCMBaseParaDados,
                         tagREG_NOTAFISCAL_CONHECIMENTOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CTNotaFiscal
 #define KX_TABELA "ct/tagREG_NOTAFISCAL_CONHECIMENTOPS.def"
@@ -43,7 +40,6 @@ class KX_API CKXDadosCM_CTNotaFiscal : public TKXCMBaseParaDados {
 // the line and of its branch.
 class KX_API CKXDadosCM_CTRateio : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CTRateio, CKXDadosCM_RateioBase, tagREG_RATEIO_CONHECIMENTOPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_CTRateio, GerencialFilial, TKXGerencial)
 
 #define KX_CLASSE CKXDadosCM_CTRateio
@@ -90,13 +86,13 @@ class KX_API CKXDadosCM_CTConhecimentoTransporte : public TKXCMBaseParaDados {
 #include "core/tabela/Acessores.h"
 
  protected:
-  // The checksum of the 1,288 bytes of the stored record, from 0 whatever is passed in, with the
-  // payment condition's two values as they stand now. Collections do not enter it.
+  // The checksum of the 1,288 bytes of the stored record, from 0 whatever is passed in: the
+  // payment condition's two values are in it as they were last read. Collections are not.
   unsigned long OnCalculaCRC(unsigned long* anterior) const override;
 
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_CondicaoPagamento);
+    v.Condicao(&Esta::_CondicaoPagamento);
     v.NaoComparado(&Esta::_Vinculo);
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Lista(&Esta::_ListaNotaFiscal, &Registro::ListaNotaFiscal, &Registro::QtdNotaFiscal);
@@ -108,9 +104,4 @@ class KX_API CKXDadosCM_CTConhecimentoTransporte : public TKXCMBaseParaDados {
             &Registro::ListaProcessoRetencaoAdicionalAjuizada,
             &Registro::QtdProcessoRetencaoAdicionalAjuizada);
   }
-
- private:
-  void EscreveCondicao(Registro& destino) const;
 };
-
-#undef KX_FONTE

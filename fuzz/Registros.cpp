@@ -41,7 +41,7 @@ class Montador {
         case KXPapel::Lista:
           Lista(campo, apoio::ContaDe(info, campo).Posicao, recebido, esperado);
           break;
-        case KXPapel::Bloco:
+        case KXPapel::Contado:
           TextoComTamanho<std::uint32_t>(campo.Posicao + offsetof(KXStringPS, Texto),
                                          campo.Posicao + offsetof(KXStringPS, Tamanho), recebido,
                                          esperado);
@@ -235,7 +235,7 @@ bool Diferem(const KXRegistroInfo& info, const void* a, const void* b) {
   const auto* bytesA = static_cast<const unsigned char*>(a);
   const auto* bytesB = static_cast<const unsigned char*>(b);
   return std::any_of(info.Campos.begin(), info.Campos.end(), [&](const KXCampo& campo) {
-    if (campo.Igualdade == 0 || campo.Papel >= KXPapel::Bloco) return false;
+    if (!campo.Comparado || campo.Papel >= KXPapel::Contado) return false;
     if (campo.Tipo == KXTipoCampo::Texto) return TextoDe(bytesA, campo) != TextoDe(bytesB, campo);
     if (campo.Tipo == KXTipoCampo::Historico) {
       return fuzz::TresLinhas(TextoDe(bytesA, campo)) != fuzz::TresLinhas(TextoDe(bytesB, campo));

@@ -1,5 +1,6 @@
 #include "oc/DadosOC.h"
 
+#include "core/Checksum.h"
 #include "core/Motor.h"
 
 namespace {
@@ -36,36 +37,18 @@ CKXDadosCM_ItemOrdemCompra ConteudoComercial(const CKXDadosCM_ItemOrdemCompra& i
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_CancelamentoOrdemCompra, kx::Alocador::Delete, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_CancelamentoOrdemCompra)
+KX_IMPLEMENTA(CKXDadosCM_RateioOrdemCompra, CKXDadosCM_RateioBase, Delete)
+KX_IMPLEMENTA(CKXDadosCM_RecebimentoOrdemCompra, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_ProgramacaoOrdemCompra, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_ItemTotaisOrdemCompra, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados, Delete)
+KX_IMPLEMENTA(CKXDadosCM_OrdemCompra, TKXCMBaseParaDados, Delete)
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_OrdemCompra, TKXCMBaseParaDados)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_OrdemCompra)
-
-CKXDadosCM_OrdemCompra& CKXDadosCM_OrdemCompra::CopiarDe(const Registro* origem) {
-  Base::OnLimpar();
-  if (!kx::Motor::Le(*this, origem, kFonte, __LINE__)) return *this;
-  _CondicaoPagamento.SetPonteiroTipoPeriodo(_Reg.PonteiroTipoPeriodo);
-  _CondicaoPagamento.SetDataPrimeiroVencimento(_Reg.DataPrimeiroVencimento);
-  _CondicaoPagamento.SetPonteiroCondicaoPagamento(_Reg.PonteiroCondicaoPagamento);
-  // From here on the payment condition alone holds them.
-  _Reg.PonteiroTipoPeriodo = 0;
-  _Reg.DataPrimeiroVencimento = {};
-  _Reg.PonteiroCondicaoPagamento = 0;
-  kx::LeLista(_CondicaoPagamento.GetListaParcela(), origem->ListaParcela, origem->QtdParcela);
-  return *this;
-}
-
-const CKXDadosCM_OrdemCompra& CKXDadosCM_OrdemCompra::CopiarPara(Registro* destino) const {
-  if (!kx::Motor::Escreve(*this, destino, kx::Alocador::Delete, kFonte, __LINE__)) return *this;
-  kx::EscreveLista(_CondicaoPagamento.GetListaParcela(), destino->ListaParcela, destino->QtdParcela,
-                   kx::Alocador::Delete);
-  destino->PonteiroTipoPeriodo = _CondicaoPagamento.GetPonteiroTipoPeriodo();
-  destino->DataPrimeiroVencimento = _CondicaoPagamento.GetDataPrimeiroVencimento();
-  destino->PonteiroCondicaoPagamento = _CondicaoPagamento.GetPonteiroCondicaoPagamento();
-  return *this;
-}
+// All but the equality, which forgives totals that one of the two does not have.
+KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ItemOrdemCompra, TKXCMBaseParaDados)
+KX_IMPLEMENTA_LIBERACAO(CKXDadosCM_ItemOrdemCompra)
+KX_IMPLEMENTA_ESCRITA(CKXDadosCM_ItemOrdemCompra, Delete)
+KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_ItemOrdemCompra)
 
 REG_KXDMA CKXDadosCM_OrdemCompra::GetDataEmissaoOuCompetencia() const {
   return GetDataEmissaoOuCompetencia(_Reg.RegDataEmissao, _Reg.RegDataCompetencia);

@@ -19,14 +19,11 @@
 #include "oc/ItensOC.h"
 #include "oc/RegistrosOC.h"
 
-#define KX_FONTE "DadosOC"
-
 // A cancellation of an order or of one of its items, over tagREG_CANCELAMENTO_ORDEM_COMPRAPS (48
 // bytes). Equality compares every field; the reserved bytes are carried and not compared.
 class KX_API CKXDadosCM_CancelamentoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_CANCELAMENTO_ORDEM_COMPRAPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_CancelamentoOrdemCompra
 #define KX_TABELA "oc/tagREG_CANCELAMENTO_ORDEM_COMPRAPS.def"
@@ -81,7 +78,7 @@ class KX_API CKXDadosCM_OrdemCompra : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Lista(&Esta::_ListaItem, &Registro::ListaItem, &Registro::QtdItem);
-    v.Local(&Esta::_CondicaoPagamento);
+    v.Condicao(&Esta::_CondicaoPagamento);
     v.ListaSoLida(&Esta::_ListaCancelamento, &Registro::ListaCancelamento,
                   &Registro::QtdCancelamento);
     v.NaoComparado(&Esta::_ListaLogs);
@@ -92,5 +89,3 @@ class KX_API CKXDadosCM_OrdemCompra : public TKXCMBaseParaDados {
   // An order with nothing but the commercial content of this one, payment condition apart.
   CKXDadosCM_OrdemCompra ConteudoComercial(bool comFornecedor) const;
 };
-
-#undef KX_FONTE

@@ -9,14 +9,11 @@
 #include "core/Rateio.h"
 #include "oc/RegistrosOC.h"
 
-#define KX_FONTE "DadosOC"
-
 // Apportionment line of an item, over tagREG_RATEIO_COMPRAPS (576 bytes), with its management
 // accounts. Equality compares every field and the accounts in their order; of the history
 // complement, the first three lines.
 class KX_API CKXDadosCM_RateioOrdemCompra : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RateioOrdemCompra, CKXDadosCM_RateioBase, tagREG_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RateioOrdemCompra
 #define KX_TABELA "oc/tagREG_RATEIO_COMPRAPS.def"
@@ -34,7 +31,6 @@ class KX_API CKXDadosCM_RateioOrdemCompra : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_RecebimentoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RecebimentoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_RECEBIMENTO_COMPRAPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_RecebimentoOrdemCompra, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_RecebimentoOrdemCompra
@@ -44,7 +40,7 @@ class KX_API CKXDadosCM_RecebimentoOrdemCompra : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
   }
 };
 
@@ -53,7 +49,6 @@ class KX_API CKXDadosCM_RecebimentoOrdemCompra : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ProgramacaoOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ProgramacaoOrdemCompra, TKXCMBaseParaDados,
                         tagREG_PROGRAMACAO_COMPRAPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_ProgramacaoOrdemCompra, Recebimento, CKXDadosCM_RecebimentoOrdemCompra)
 
 #define KX_CLASSE CKXDadosCM_ProgramacaoOrdemCompra
@@ -72,7 +67,6 @@ class KX_API CKXDadosCM_ProgramacaoOrdemCompra : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_ItemTotaisOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemTotaisOrdemCompra, TKXCMBaseParaDados,
                         tagREG_ITEM_TOTAIS_ORDEMPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_ItemTotaisOrdemCompra
 #define KX_TABELA "oc/tagREG_ITEM_TOTAIS_ORDEMPS.def"
@@ -88,7 +82,6 @@ class KX_API CKXDadosCM_ItemTotaisOrdemCompra : public TKXCMBaseParaDados {
 // an item whose totals are still to be computed equals itself with them.
 class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_ItemOrdemCompra, TKXCMBaseParaDados, tagREG_ITENS_ORDEMPS)
-  KX_CONVERSAO_DIRETA
   // Whether the screen shows the item's children.
   KX_MEMBRO(CKXDadosCM_ItemOrdemCompra, bool, ExpandirGrid)
   KX_COLECAO(CKXDadosCM_ItemOrdemCompra, Rateio, CKXDadosCM_RateioOrdemCompra)
@@ -127,5 +120,3 @@ class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
     v.ListaNaoComparada(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);
   }
 };
-
-#undef KX_FONTE

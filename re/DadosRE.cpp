@@ -4,27 +4,16 @@
 #include "core/Motor.h"
 
 // The link record carries nothing but the order's key.
-static void EscreveElemento(const REG_KXDMC& chave, tagREG_ASSOCIACAO_RE_OCPS* vaga, kx::Alocador) {
-  *vaga = {};
-  vaga->Ordem = chave;
+static void ParaElemento(const REG_KXDMC& chave, tagREG_ASSOCIACAO_RE_OCPS& elo) {
+  elo = {};
+  elo.Ordem = chave;
 }
 
-static void LeElemento(CKXVector<REG_KXDMC>& lista, const tagREG_ASSOCIACAO_RE_OCPS* vaga) {
-  tagREG_ASSOCIACAO_RE_OCPS copia{};
-  kx::CopiaBloco(&copia, vaga, sizeof(copia), "DadosRE", __LINE__);
-  lista.push_back(copia.Ordem);
-}
+static const REG_KXDMC& DeElemento(const tagREG_ASSOCIACAO_RE_OCPS& elo) { return elo.Ordem; }
 
 namespace {
 
 constexpr const char* kFonte = "DadosRE";
-
-void ZeraCondicao(tagREG_ENTRADAPS& registro) {
-  registro.PonteiroTipoPeriodo = 0;
-  registro.PonteiroTipoCobranca = 0;
-  registro.DataPrimeiroVencimento = {};
-  registro.PonteiroCondicaoPagamento = 0;
-}
 
 template <class T>
 CKXCurrencyEx Soma(const CKXVector<T>& lista, const CY& (T::*getter)() const) {
@@ -48,54 +37,36 @@ CKXCurrencyEx SomaDosFilhos(const CKXVector<T>& itens, long long indice,
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_RENFReferidas, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_RENFReferidas, kx::Alocador::Tarefa, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_RENFReferidas)
+KX_IMPLEMENTA(CKXDadosCM_RERateioProduto, CKXDadosCM_RateioBase, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_RERateioServico, CKXDadosCM_RateioBase, Tarefa)
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_REObservacaoCFOP, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_REObservacaoCFOP, kx::Alocador::Tarefa, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REObservacaoCFOP)
+KX_IMPLEMENTA(CKXDadosCM_REComposicao, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_REEntradaEstoque, CKXDadosCM_RateioBase, Tarefa)
+KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_REEntradaEstoque)
+KX_IMPLEMENTA_SEM_REGISTRO(CKXDadosCM_REQualEntradaEstoqueTipo, TKXCMBaseParaDados)
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_RERegistroEntrada, TKXBaseParaDados)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_RERegistroEntrada)
+// All but the construction, which some members leave other than zero.
+KX_IMPLEMENTA_VIDA(CKXDadosCM_REQualEntradaEstoque, TKXCMBaseParaDados)
+KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REQualEntradaEstoque)
 
-CKXDadosCM_RERegistroEntrada& CKXDadosCM_RERegistroEntrada::CopiarDe(const Registro* origem) {
-  Base::OnLimpar();
-  if (!kx::Motor::Le(*this, origem, kFonte, __LINE__)) return *this;
-  _CondicaoPagamento.SetPonteiroTipoPeriodo(_Reg.PonteiroTipoPeriodo);
-  _CondicaoPagamento.SetPonteiroTipoCobranca(_Reg.PonteiroTipoCobranca);
-  _CondicaoPagamento.SetDataPrimeiroVencimento(_Reg.DataPrimeiroVencimento);
-  _CondicaoPagamento.SetPonteiroCondicaoPagamento(_Reg.PonteiroCondicaoPagamento);
-  // From here on the payment condition alone holds them.
-  ZeraCondicao(_Reg);
-  kx::LeLista(_CondicaoPagamento.GetListaParcela(), origem->ListaParcela, origem->QtdParcela);
-  kx::LeLista(_CondicaoPagamento.GetListaTituloImposto(), origem->ListaTituloImposto,
-              origem->QtdTituloImposto);
-  return *this;
-}
+KX_IMPLEMENTA(CKXDadosCM_REItemAssociacaoREOC, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_REMargemLucro, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_REFormacaoPrecoVenda, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_REItemProdutoTotais, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA_SEM_REGISTRO(CKXDadosCM_REItemBase, TKXCMBaseParaDados)
+KX_IMPLEMENTA(CKXDadosCM_REItemProduto, CKXDadosCM_REItemBase, Tarefa)
+KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_REItemProduto)
+KX_IMPLEMENTA(CKXDadosCM_REItemServico, CKXDadosCM_REItemBase, Tarefa)
+KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_REItemServico)
 
-const CKXDadosCM_RERegistroEntrada& CKXDadosCM_RERegistroEntrada::CopiarPara(
-    Registro* destino) const {
-  if (!kx::Motor::Escreve(*this, destino, kx::Alocador::Tarefa, kFonte, __LINE__)) return *this;
-  EscreveCondicao(*destino);
-  kx::EscreveLista(_CondicaoPagamento.GetListaParcela(), destino->ListaParcela, destino->QtdParcela,
-                   kx::Alocador::Tarefa);
-  kx::EscreveLista(_CondicaoPagamento.GetListaTituloImposto(), destino->ListaTituloImposto,
-                   destino->QtdTituloImposto, kx::Alocador::Tarefa);
-  return *this;
-}
+KX_IMPLEMENTA(CKXDadosCM_RENFReferidas, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_REObservacaoCFOP, TKXCMBaseParaDados, Tarefa)
+KX_IMPLEMENTA(CKXDadosCM_RERegistroEntrada, TKXBaseParaDados, Tarefa)
+KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_RERegistroEntrada)
 
-void CKXDadosCM_RERegistroEntrada::EscreveCondicao(Registro& destino) const {
-  destino.PonteiroTipoPeriodo = _CondicaoPagamento.GetPonteiroTipoPeriodo();
-  destino.PonteiroTipoCobranca = _CondicaoPagamento.GetPonteiroTipoCobranca();
-  destino.DataPrimeiroVencimento = _CondicaoPagamento.GetDataPrimeiroVencimento();
-  destino.PonteiroCondicaoPagamento = _CondicaoPagamento.GetPonteiroCondicaoPagamento();
-}
-
-unsigned long CKXDadosCM_RERegistroEntrada::OnCalculaCRC(unsigned long* /*anterior*/) const {
-  Registro atual = _Reg;
-  EscreveCondicao(atual);
-  return kx::CalculaChecksum(&atual, sizeof(atual));
+bool CKXDadosCM_RERegistroEntrada::OnIgual(const TKXBaseParaDados* outro) const {
+  const auto* mesmo = dynamic_cast<const CKXDadosCM_RERegistroEntrada*>(outro);
+  return mesmo != nullptr && *this == *mesmo;
 }
 
 CKXCurrencyEx CKXDadosCM_RERegistroEntrada::GetSomaProdutoDe(GetterProduto getter) const {

@@ -18,12 +18,9 @@
 #include "re/ItensRE.h"
 #include "re/RegistrosRE.h"
 
-#define KX_FONTE "DadosRE"
-
 // An invoice that the entry refers to, over tagREG_NF_REFERIDASPS (96 bytes).
 class KX_API CKXDadosCM_RENFReferidas : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RENFReferidas, TKXCMBaseParaDados, tagREG_NF_REFERIDASPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_RENFReferidas
 #define KX_TABELA "re/tagREG_NF_REFERIDASPS.def"
@@ -34,7 +31,6 @@ class KX_API CKXDadosCM_RENFReferidas : public TKXCMBaseParaDados {
 // unbounded text.
 class KX_API CKXDadosCM_REObservacaoCFOP : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REObservacaoCFOP, TKXCMBaseParaDados, tagREG_OBSERVACAO_CFOPPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REObservacaoCFOP, CString, Observacao)
 
 #define KX_CLASSE CKXDadosCM_REObservacaoCFOP
@@ -44,7 +40,7 @@ class KX_API CKXDadosCM_REObservacaoCFOP : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Texto(&Esta::_Observacao, &Registro::Observacao);
+    v.Contado(&Esta::_Observacao, &Registro::Observacao);
   }
 };
 
@@ -66,7 +62,9 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CString, ObservacaoGeral)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CString, ObservacaoFisco)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CIEVinculo, Vinculo)
-  // Work values of the data-entry programs; the three Ignorar... are flags.
+  // Work values of the data-entry programs. The three Ignorar... are flags: the user has confirmed
+  // the entry although its items' purchase orders, or the destinations of the products or of the
+  // services, disagree, and is not asked again until the object is cleared.
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::uint32_t, FornecedorRecebimento)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarVerificacaoAssocicaoOCProduto)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarDestinosDiferentesProduto)
@@ -130,15 +128,17 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
       GetterTotais dosTotais);
 
  protected:
-  // The checksum of the 1,368 bytes of the stored record, from 0 whatever is passed in, with the
-  // payment condition's four values as they stand now. Texts and collections do not enter it.
+  // What operator== answers; false for an object of another class and for null.
+  bool OnIgual(const TKXBaseParaDados* outro) const override;
+  // The checksum of the 1,368 bytes of the stored record, from 0 whatever is passed in: the payment
+  // condition's four values are in it as they were last read. Texts and collections are not.
   unsigned long OnCalculaCRC(unsigned long* anterior) const override;
 
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_CondicaoPagamento);
-    v.Texto(&Esta::_ObservacaoGeral, &Registro::ObservacaoGeral, kMaximoObservacao);
-    v.Texto(&Esta::_ObservacaoFisco, &Registro::ObservacaoFisco, kMaximoObservacao);
+    v.Condicao(&Esta::_CondicaoPagamento);
+    v.Contado(&Esta::_ObservacaoGeral, &Registro::ObservacaoGeral, kMaximoObservacao);
+    v.Contado(&Esta::_ObservacaoFisco, &Registro::ObservacaoFisco, kMaximoObservacao);
     v.NaoComparado(&Esta::_Vinculo);
     v.NaoComparado(&Esta::_FornecedorRecebimento);
     v.Auxiliar(&Esta::_IgnorarVerificacaoAssocicaoOCProduto);
@@ -159,8 +159,4 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
 
  private:
   static constexpr std::size_t kMaximoObservacao = 7000;
-
-  void EscreveCondicao(Registro& destino) const;
 };
-
-#undef KX_FONTE

@@ -2,12 +2,9 @@
 
 #include <algorithm>
 
-#include "core/Checksum.h"
 #include "core/Motor.h"
 
 namespace {
-
-constexpr const char* kFonte = "DadosRE";
 
 // The fields that both forms of a composition line carry.
 template <class De, class Para>
@@ -40,16 +37,11 @@ bool Contem(const CKXVector<T>& lista, T valor) {
 
 }  // namespace
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_REComposicao, TKXCMBaseParaDados)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_REComposicao, kx::Alocador::Tarefa, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REComposicao)
-
 CKXDadosCM_REComposicao& CKXDadosCM_REComposicao::CopiarDe(
     const REG_ES_COMPOSICAO_PRODUTOPS* origem) {
   Limpar();
   REG_ES_COMPOSICAO_PRODUTOPS copia;
-  if (origem != nullptr &&
-      kx::CopiaBloco(&copia, origem, sizeof(copia), kFonte, __LINE__) != nullptr) {
+  if (origem != nullptr && kx::CopiaBloco(&copia, origem, sizeof(copia), kPosicao) != nullptr) {
     CopiaComposicao(copia, _Reg);
   }
   return *this;
@@ -59,16 +51,21 @@ const CKXDadosCM_REComposicao& CKXDadosCM_REComposicao::CopiarPara(
     REG_ES_COMPOSICAO_PRODUTOPS* destino) const {
   REG_ES_COMPOSICAO_PRODUTOPS copia{};
   CopiaComposicao(_Reg, copia);
-  kx::CopiaBloco(destino, &copia, sizeof(copia), kFonte, __LINE__);
+  kx::CopiaBloco(destino, &copia, sizeof(copia), kPosicao);
   return *this;
 }
 
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_REEntradaEstoque, CKXDadosCM_RateioBase)
-KX_IMPLEMENTA_CONVERSAO(CKXDadosCM_REEntradaEstoque, kx::Alocador::Tarefa, kFonte)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REEntradaEstoque)
+const CKXDadosCM_REComposicao& CKXDadosCM_REComposicao::CopiarParaPS(
+    REG_ES_COMPOSICAO_PRODUTOPS* destino) const {
+  return CopiarPara(destino);
+}
 
-unsigned long CKXDadosCM_REEntradaEstoque::OnCalculaCRC(unsigned long* /*anterior*/) const {
-  return kx::CalculaChecksum(&_Reg, sizeof(_Reg));
+void CKXDadosCM_REComposicao::ZerarDelete(REG_ES_COMPOSICAO_PRODUTOPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Delete);
+}
+
+void CKXDadosCM_REComposicao::ZerarGlobalAlloc(REG_ES_COMPOSICAO_PRODUTOPS* registro) {
+  kx::LiberaRegistro(registro, kx::Alocador::Tarefa);
 }
 
 bool CKXDadosCM_REEntradaEstoque::TemDadosNoLote() const {
@@ -88,14 +85,6 @@ CKXDadosCM_REEntradaEstoque& CKXDadosCM_REEntradaEstoque::ZerarDadosDoLote() {
   _ArmaFogo_Descricao.Empty();
   return *this;
 }
-
-KX_IMPLEMENTA_VIDA(CKXDadosCM_REQualEntradaEstoqueTipo, TKXCMBaseParaDados)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REQualEntradaEstoqueTipo)
-
-CKXDadosCM_REQualEntradaEstoqueTipo::CKXDadosCM_REQualEntradaEstoqueTipo() = default;
-
-KX_IMPLEMENTA_VIDA(CKXDadosCM_REQualEntradaEstoque, TKXCMBaseParaDados)
-KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_REQualEntradaEstoque)
 
 CKXDadosCM_REQualEntradaEstoque::CKXDadosCM_REQualEntradaEstoque() { kx::Motor::Limpa(*this); }
 

@@ -6,12 +6,9 @@
 #include "core/Rateio.h"
 #include "re/RegistrosRE.h"
 
-#define KX_FONTE "DadosRE"
-
 // One component of a composed product, over _REG_ITEM_ENTRADA_COMPOSICAOPS (120 bytes).
 class KX_API CKXDadosCM_REComposicao : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REComposicao, TKXCMBaseParaDados, _REG_ITEM_ENTRADA_COMPOSICAOPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_REComposicao
 #define KX_TABELA "re/_REG_ITEM_ENTRADA_COMPOSICAOPS.def"
@@ -21,6 +18,10 @@ class KX_API CKXDadosCM_REComposicao : public TKXCMBaseParaDados {
   // here belongs to the stock subsystem: written as zero, not read.
   CKXDadosCM_REComposicao& CopiarDe(const REG_ES_COMPOSICAO_PRODUTOPS* origem);
   const CKXDadosCM_REComposicao& CopiarPara(REG_ES_COMPOSICAO_PRODUTOPS* destino) const;
+  const CKXDadosCM_REComposicao& CopiarParaPS(REG_ES_COMPOSICAO_PRODUTOPS* destino) const;
+  // Its releases; nothing hangs from it.
+  static void ZerarDelete(REG_ES_COMPOSICAO_PRODUTOPS* registro);
+  static void ZerarGlobalAlloc(REG_ES_COMPOSICAO_PRODUTOPS* registro);
 };
 
 // One stock-entry line, over _REG_ENTRADA_ESTOQUE_ENTRADAPS (544 bytes). The inherited management
@@ -29,7 +30,6 @@ class KX_API CKXDadosCM_REComposicao : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REEntradaEstoque : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REEntradaEstoque, CKXDadosCM_RateioBase,
                         _REG_ENTRADA_ESTOQUE_ENTRADAPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REEntradaEstoque, CString, ArmaFogo_Descricao)
   KX_COLECAO(CKXDadosCM_REEntradaEstoque, GerencialSaida, TKXGerencial)
   KX_COLECAO(CKXDadosCM_REEntradaEstoque, Composicao, CKXDadosCM_REComposicao)
@@ -62,8 +62,8 @@ class KX_API CKXDadosCM_REEntradaEstoque : public CKXDadosCM_RateioBase {
 
   template <class V>
   static void Partes(V&& v) {
-    v.Texto(&Esta::_ArmaFogo_Descricao, &Registro::ArmaFogo_Descricao, kx::kSemLimite,
-            kx::Alocador::Delete);
+    v.Contado(&Esta::_ArmaFogo_Descricao, &Registro::ArmaFogo_Descricao, kx::kSemLimite,
+              kx::Alocador::Delete);
     v.Lista(&Esta::_ListaGerencialSaida, &Registro::ListaGerencialSaida,
             &Registro::QtdGerencialSaida);
     v.ListaHerdada(&Esta::_ListaGerencial, &Registro::ListaGerencial, &Registro::QtdGerencial);
@@ -153,5 +153,3 @@ class KX_API CKXDadosCM_REQualEntradaEstoque : public TKXCMBaseParaDados {
     v.Local(&Esta::_ListaTipoLocalSaida);
   }
 };
-
-#undef KX_FONTE

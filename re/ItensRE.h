@@ -11,14 +11,11 @@
 #include "re/RateioRE.h"
 #include "re/RegistrosRE.h"
 
-#define KX_FONTE "DadosRE"
-
 // Link of an item to a purchase-order item, over tagREG_ASSOCIACAO_ITEM_RE_OCPS (24 bytes). The two
 // flags live in the object alone and are not compared.
 class KX_API CKXDadosCM_REItemAssociacaoREOC : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemAssociacaoREOC, TKXCMBaseParaDados,
                         tagREG_ASSOCIACAO_ITEM_RE_OCPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REItemAssociacaoREOC, bool, CancelarItem)
   KX_MEMBRO(CKXDadosCM_REItemAssociacaoREOC, bool, EhIncluirTodos)
 
@@ -37,7 +34,6 @@ class KX_API CKXDadosCM_REItemAssociacaoREOC : public TKXCMBaseParaDados {
 // Profit-margin line of a product item, over tagREG_MARGEMLUCROPS (56 bytes).
 class KX_API CKXDadosCM_REMargemLucro : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REMargemLucro, TKXCMBaseParaDados, tagREG_MARGEMLUCROPS)
-  KX_CONVERSAO_DIRETA
   friend class CKXDadosCM_REFormacaoPrecoVenda;
 
 #define KX_CLASSE CKXDadosCM_REMargemLucro
@@ -48,7 +44,6 @@ class KX_API CKXDadosCM_REMargemLucro : public TKXCMBaseParaDados {
 // Sale-price formation: a margin record and the place in the entry to which it belongs.
 class KX_API CKXDadosCM_REFormacaoPrecoVenda : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REFormacaoPrecoVenda, TKXCMBaseParaDados, tagREG_MARGEMLUCROPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, std::int32_t, PosicaoProduto)      // index of the item
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, std::int32_t, PosicaoMargemLucro)  // index in the item
   KX_MEMBRO(CKXDadosCM_REFormacaoPrecoVenda, _REG_POSICAO_PRODUTOPS, RegPosicaoProduto)
@@ -75,7 +70,6 @@ class KX_API CKXDadosCM_REFormacaoPrecoVenda : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REItemProdutoTotais : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemProdutoTotais, TKXCMBaseParaDados,
                         tagREG_ITEM_TOTAIS_ENTRADAPS)
-  KX_CONVERSAO_DIRETA
 
   // A getter of money of this class.
   using Function_Get_CURRENCY = const CY& (CKXDadosCM_REItemProdutoTotais::*)() const;
@@ -102,7 +96,6 @@ class KX_API CKXDadosCM_REItemBase : public TKXCMBaseParaDados {
 class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemProduto, CKXDadosCM_REItemBase,
                         tagREG_ITEM_ENTRADA_PRODUTOPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_REItemProduto, CString, MascaraTagLote)
   KX_COLECAO(CKXDadosCM_REItemProduto, Rateio, CKXDadosCM_RERateioProduto)
   KX_COLECAO(CKXDadosCM_REItemProduto, MargemLucro, CKXDadosCM_REMargemLucro)
@@ -145,7 +138,7 @@ class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
     v.Lista(&Esta::_ListaEntradaEstoque, &Registro::ListaEntradaEstoque,
             &Registro::QtdEntradaEstoque);
     v.Lista(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);
-    v.Texto(&Esta::_MascaraTagLote, &Registro::MascaraTagLote);
+    v.Contado(&Esta::_MascaraTagLote, &Registro::MascaraTagLote);
   }
 };
 
@@ -153,7 +146,6 @@ class KX_API CKXDadosCM_REItemProduto : public CKXDadosCM_REItemBase {
 class KX_API CKXDadosCM_REItemServico : public CKXDadosCM_REItemBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_REItemServico, CKXDadosCM_REItemBase,
                         tagREG_ITEM_ENTRADA_SERVICOPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_REItemServico, Rateio, CKXDadosCM_RERateioServico)
   KX_COLECAO(CKXDadosCM_REItemServico, Imposto, CKXDadosCM_ItemImposto)
   KX_COLECAO(CKXDadosCM_REItemServico, ProcessoRetencaoAjuizada,
@@ -185,5 +177,3 @@ class KX_API CKXDadosCM_REItemServico : public CKXDadosCM_REItemBase {
             &Registro::QtdProcessoRetencaoAdicionalAjuizada);
   }
 };
-
-#undef KX_FONTE

@@ -7,15 +7,12 @@
 #include "core/Rateio.h"
 #include "re/RegistrosRE.h"
 
-#define KX_FONTE "DadosRE"
-
 // Apportionment line of a product item, over tagREG_RATEIOPRODUTO_ENTRADAPS (1,456 bytes). The
 // fields whose names hold _deprecatedEstoque are kept so that old records still convert; new code
 // does not fill them. Equality compares the whole record and the three collections.
 class KX_API CKXDadosCM_RERateioProduto : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RERateioProduto, CKXDadosCM_RateioBase,
                         tagREG_RATEIOPRODUTO_ENTRADAPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialOrigem, TKXGerencial)
   KX_COLECAO(CKXDadosCM_RERateioProduto, GerencialFilialClassificacao, TKXGerencial)
 
@@ -45,7 +42,6 @@ class KX_API CKXDadosCM_RERateioProduto : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_RERateioServico : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_RERateioServico, CKXDadosCM_RateioBase,
                         tagREG_RATEIOSERVICO_ENTRADAPS)
-  KX_CONVERSAO_DIRETA
   KX_COLECAO(CKXDadosCM_RERateioServico, GerencialFilialClassificacao, TKXGerencial)
 
   // A getter of money of this class.
@@ -66,5 +62,3 @@ class KX_API CKXDadosCM_RERateioServico : public CKXDadosCM_RateioBase {
             &Registro::QtdGerencialFilialClassificacao);
   }
 };
-
-#undef KX_FONTE

@@ -21,15 +21,12 @@
 #include "kxldados/CIEVinculo.h"
 #include "sc/RegistrosSC.h"
 
-#define KX_FONTE "DadosSC"
-
 // Apportionment line of a request item, over tagREG_SOLICITACAO_RATEIO_COMPRAPS (568 bytes), with
 // its management accounts. Equality compares every field and the accounts in their order; of the
 // history complement, the first three lines.
 class KX_API CKXDadosCM_SCRateio : public CKXDadosCM_RateioBase {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCRateio, CKXDadosCM_RateioBase,
                         tagREG_SOLICITACAO_RATEIO_COMPRAPS)
-  KX_CONVERSAO_DIRETA
 
 #define KX_CLASSE CKXDadosCM_SCRateio
 #define KX_TABELA "core/tagREG_SOLICITACAO_RATEIO_COMPRAPS.def"
@@ -47,7 +44,6 @@ class KX_API CKXDadosCM_SCRateio : public CKXDadosCM_RateioBase {
 class KX_API CKXDadosCM_SCFornecedor : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCFornecedor, TKXCMBaseParaDados,
                         tagREG_SOLICITACAO_COMPRA_FORNECEDORPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_SCFornecedor, CString, NomeFornecedor)
   KX_MEMBRO(CKXDadosCM_SCFornecedor, CString, Observacao)
 
@@ -61,9 +57,9 @@ class KX_API CKXDadosCM_SCFornecedor : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.TextoCorrido(&Esta::_NomeFornecedor, &Registro::TextoNomeFornecedor,
-                   &Registro::TamanhoNomeFornecedor);
-    v.TextoCorrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
+    v.Corrido(&Esta::_NomeFornecedor, &Registro::TextoNomeFornecedor,
+              &Registro::TamanhoNomeFornecedor);
+    v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
   }
 };
 
@@ -72,7 +68,6 @@ class KX_API CKXDadosCM_SCFornecedor : public TKXCMBaseParaDados {
 // Equality compares every field but Integrado, the texts and the lines in their order.
 class KX_API CKXDadosCM_SCItem : public TKXCMBaseParaDados {
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_SCItem, TKXCMBaseParaDados, tagREG_SOLICITACAO_COMPRA_ITEMPS)
-  KX_CONVERSAO_DIRETA
   KX_MEMBRO(CKXDadosCM_SCItem, CString, Complemento)
   KX_MEMBRO(CKXDadosCM_SCItem, CString, Observacao)
   KX_COLECAO(CKXDadosCM_SCItem, Rateio, CKXDadosCM_SCRateio)
@@ -92,8 +87,8 @@ class KX_API CKXDadosCM_SCItem : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.TextoCorrido(&Esta::_Complemento, &Registro::TextoComplemento, &Registro::TamanhoComplemento);
-    v.TextoCorrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
+    v.Corrido(&Esta::_Complemento, &Registro::TextoComplemento, &Registro::TamanhoComplemento);
+    v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
   }
 };
@@ -131,13 +126,10 @@ class KX_API CKXDadosCM_SCSolicitacaoCompra : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.TextoCorrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
+    v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
     v.Local(&Esta::_Vinculo);
     v.Lista(&Esta::_ListaItem, &Registro::ListaItem, &Registro::QtdItem);
     v.Lista(&Esta::_ListaFornecedor, &Registro::ListaFornecedor, &Registro::QtdFornecedor);
-    v.TextoCorrido(&Esta::_LocalEntrega, &Registro::TextoLocalEntrega,
-                   &Registro::TamanhoLocalEntrega);
+    v.Corrido(&Esta::_LocalEntrega, &Registro::TextoLocalEntrega, &Registro::TamanhoLocalEntrega);
   }
 };
-
-#undef KX_FONTE

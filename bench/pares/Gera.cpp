@@ -43,7 +43,7 @@ struct Campo {
 
 Especie EspecieDe(const KXCampo& linha) {
   if (linha.Papel == KXPapel::Lista) return Especie::Lista;
-  if (linha.Papel == KXPapel::Bloco) return Especie::Contado;
+  if (linha.Papel == KXPapel::Contado) return Especie::Contado;
   if (linha.Tipo == KXTipoCampo::Texto || linha.Tipo == KXTipoCampo::Historico) {
     return Especie::Texto;
   }

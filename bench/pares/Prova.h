@@ -35,7 +35,7 @@ inline void Enche(const KXRegistroInfo& info, char* registro, std::mt19937& sort
     char* const bytes = registro + linha.Posicao;
     if (linha.Papel == KXPapel::Lista) {
       for (char* filho : Filhos(info, linha, registro)) Enche(*linha.Elemento, filho, sorteio);
-    } else if (linha.Papel == KXPapel::Bloco) {
+    } else if (linha.Papel == KXPapel::Contado) {
       const KXStringPS texto = Texto(sorteio);
       std::memcpy(bytes, &texto, sizeof(texto));
     } else if (linha.Papel != KXPapel::Conta && linha.Papel != KXPapel::Parte) {
@@ -81,7 +81,7 @@ inline bool Mesmos(const KXRegistroInfo& info, const char* a, const char* b) {
           !std::equal(filhosA.begin(), filhosA.end(), filhosB.begin(), filhosB.end(), mesmos)) {
         return false;
       }
-    } else if (linha.Papel == KXPapel::Bloco) {
+    } else if (linha.Papel == KXPapel::Contado) {
       if (!MesmoTexto(campoA, campoB)) return false;
     } else if (std::memcmp(campoA, campoB, linha.Largura) != 0) {
       return false;

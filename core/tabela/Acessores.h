@@ -2,10 +2,10 @@
 // inside the class body; the record is the member _Reg. No include guard on purpose.
 //   fields: const T& Get<Field>() const; T& Get<Field>(); KX_CLASSE& Set<Field>(const T&)
 //   texts:  CString Get<Field>() const; KX_CLASSE& Set<Field>(const CString&), which reports a text
-//           that is too long with KX_FONTE and the row's line (core/TextoFixo.h)
+//           that is too long with the class's source and the row's line (core/TextoFixo.h)
 // With KX_LE_POR_VALOR defined, fields have the one getter T Get<Field>() const.
 #ifndef KX_TABELA
-#error "core/tabela/Acessores.h: define KX_TABELA, KX_CLASSE and KX_FONTE"
+#error "core/tabela/Acessores.h: define KX_TABELA and KX_CLASSE"
 #endif
 
 #ifdef KX_LE_POR_VALOR
@@ -17,39 +17,28 @@
   Tipo& Get##Nome() { return _Reg.Nome; }
 #endif
 
-#define KX_INICIO(Registro, Larg, Significado)
-#define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado) \
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado) \
   KX_LEITURA(Tipo, Nome)                                      \
   KX_CLASSE& Set##Nome(const Tipo& valor) {                   \
     _Reg.Nome = valor;                                        \
     return *this;                                             \
   }
 // The part may differ from its member in signedness alone, which references may alias.
-#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Igualdade, Significado)                  \
+#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Comparado, Significado)                  \
   const Tipo& Get##Nome() const { return reinterpret_cast<const Tipo&>(_Reg.Caminho); } \
   Tipo& Get##Nome() { return reinterpret_cast<Tipo&>(_Reg.Caminho); }                   \
   KX_CLASSE& Set##Nome(const Tipo& valor) {                                             \
     Get##Nome() = valor;                                                                \
     return *this;                                                                       \
   }
-#define KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado)                         \
+#define KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado)                         \
   CString Get##Nome() const { return kx::LeTextoFixo(_Reg.Nome, sizeof(_Reg.Nome)); } \
   KX_CLASSE& Set##Nome(const CString& valor) {                                        \
-    kx::CopiaTextoFixo(_Reg.Nome, valor, KX_FONTE, __LINE__);                         \
+    kx::CopiaTextoFixo(_Reg.Nome, valor, kPosicao.Fonte, __LINE__);                   \
     return *this;                                                                     \
   }
-#define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) \
-  KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado)
-#define KX_INTERNO(Posicao, Tipo, Nome, Significado)
-#define KX_BLOCO(Posicao, Nome, Significado)
-#define KX_TAMANHO(Posicao, Nome)
-#define KX_CORRIDO(Posicao, Nome, Significado)
-#define KX_TERMINADO(Posicao, Nome, Significado)
-#define KX_RESERVA(Posicao, Larg, Igualdade)
-#define KX_ZERO(Posicao, Larg)
-#define KX_CONTA(Posicao, X)
-#define KX_LISTA(Posicao, Elemento, X, Significado)
-#define KX_FIM(Registro)
+#define KX_HISTORICO(Posicao, Larg, Nome, Comparado, Significado) \
+  KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado)
 #include KX_TABELA
 #undef KX_LEITURA
 #undef KX_LE_POR_VALOR

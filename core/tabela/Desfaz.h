@@ -3,9 +3,9 @@
 #undef KX_CAMPO
 #undef KX_PARTE
 #undef KX_TEXTO
-#undef KX_INTERNO
-#undef KX_BLOCO
 #undef KX_HISTORICO
+#undef KX_INTERNO
+#undef KX_CONTADO
 #undef KX_TAMANHO
 #undef KX_CORRIDO
 #undef KX_TERMINADO

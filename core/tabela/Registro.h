@@ -1,26 +1,6 @@
-// Expands the record table named by KX_TABELA into the record's struct, the proof of its layout and
-// its metadata. Included once per table; no include guard on purpose.
-//
-// The rows of a table, in byte order; the numbers are bytes from the start of the record:
-//   KX_INICIO (record, size, meaning)
-//   KX_CAMPO  (offset, type, name, equality, meaning)        a field, with accessors in the class
-//   KX_PARTE  (offset, type, name, path, equality, meaning)  accessors to a part of a field above
-//   KX_TEXTO  (offset, width, name, equality, meaning)       text of at most width - 1 characters
-//   KX_HISTORICO(offset, width, name, equality, meaning)     the same, compared by its first three
-//                                                            lines (ComparaComplementoHistorico)
-//   KX_INTERNO(offset, type, name, meaning)                  a field that another object keeps
-//   KX_BLOCO  (offset, name, meaning)                        counted text, KXStringPS
-//   KX_TAMANHO(offset, name)                                 16-bit size of a KX_CORRIDO text
-//   KX_CORRIDO(offset, name, meaning)                        text as a bare pointer; the size, the
-//                                                            terminator included, is elsewhere
-//   KX_TERMINADO(offset, name, meaning)                      the same, but no size anywhere: the
-//                                                            text ends at its terminator
-//   KX_RESERVA(offset, width, equality)                      carried unchanged
-//   KX_ZERO   (offset, width)                                spare bytes that do not travel
-//   KX_CONTA  (offset, list)                                 16-bit count of a child array
-//   KX_LISTA  (offset, element record, list, meaning)        pointer to a child array
-//   KX_FIM    (record)
-// "equality" is the place of the field in the order of comparison, 0 when it is not compared.
+// Expands the record table named by KX_TABELA into the record's struct, its metadata, the proof of
+// its layout and the visit of what hangs from it. Included once per table; no include guard on
+// purpose. The kinds of row are listed in core/tabela/Linhas.h.
 #include <cstddef>
 #include <cstdint>
 
@@ -32,16 +12,15 @@
 #endif
 
 #define KX_INICIO(Registro, Larg, Significado) struct Registro {
-#define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado) Tipo Nome;
-#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Igualdade, Significado)
-#define KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado) char Nome[Larg];
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado) Tipo Nome;
+#define KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado) char Nome[Larg];
+#define KX_HISTORICO(Posicao, Larg, Nome, Comparado, Significado) char Nome[Larg];
 #define KX_INTERNO(Posicao, Tipo, Nome, Significado) Tipo Nome;
-#define KX_BLOCO(Posicao, Nome, Significado) KXStringPS Nome;
-#define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) char Nome[Larg];
+#define KX_CONTADO(Posicao, Nome, Significado) KXStringPS Nome;
 #define KX_TAMANHO(Posicao, Nome) std::uint16_t Tamanho##Nome;
 #define KX_CORRIDO(Posicao, Nome, Significado) char* Texto##Nome;
 #define KX_TERMINADO(Posicao, Nome, Significado) char* Texto##Nome;
-#define KX_RESERVA(Posicao, Larg, Igualdade) std::uint8_t Reserva_##Posicao[Larg];
+#define KX_RESERVA(Posicao, Larg, Comparado) std::uint8_t Reserva_##Posicao[Larg];
 #define KX_ZERO(Posicao, Larg) std::uint8_t Reserva_##Posicao[Larg];
 #define KX_CONTA(Posicao, X) std::uint16_t Qtd##X;
 #define KX_LISTA(Posicao, Elemento, X, Significado) Elemento* Lista##X;
@@ -50,102 +29,92 @@
   ;
 #include KX_TABELA
 
-// The proof stands inside the function that visits the child arrays: one expansion serves both.
-#define KX_PROVA(Posicao, Nome, Larg)                                              \
-  static_assert(offsetof(Registro, Nome) == (Posicao), #Nome ": offset is wrong"); \
-  static_assert(sizeof(Registro::Nome) == (Larg), #Nome ": width is wrong");
-#define KX_INICIO(Reg, Larg, Significado)                     \
-  template <>                                                 \
-  struct KXMetadados<Reg> {                                   \
-    using Registro = Reg;                                     \
-    static_assert(sizeof(Registro) == (Larg), #Reg ": size"); \
-    template <class Visitante>                                \
-    static void VisitaListas([[maybe_unused]] Registro& reg,  \
-                             [[maybe_unused]] Visitante&& visitante) {
-#define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado) KX_PROVA(Posicao, Nome, sizeof(Tipo))
-#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Igualdade, Significado)                \
-  static_assert(offsetof(Registro, Caminho) == (Posicao), #Nome ": offset is wrong"); \
-  static_assert(sizeof(Registro::Caminho) == sizeof(Tipo), #Nome ": width is wrong");
-#define KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado) KX_PROVA(Posicao, Nome, Larg)
-#define KX_INTERNO(Posicao, Tipo, Nome, Significado) KX_PROVA(Posicao, Nome, sizeof(Tipo))
-#define KX_BLOCO(Posicao, Nome, Significado)  \
-  KX_PROVA(Posicao, Nome, sizeof(KXStringPS)) \
-  visitante.Texto(reg.Nome);
-#define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) KX_PROVA(Posicao, Nome, Larg)
-#define KX_TAMANHO(Posicao, Nome) KX_PROVA(Posicao, Tamanho##Nome, 2)
+#define KX_LINHA(Nome, Posicao, Larg, Tipo, Papel, Comparado, Significado, Elemento) \
+  {Nome, Posicao, Larg, Tipo, KXPapel::Papel, Comparado, __LINE__, Significado, Elemento},
+#define KX_INICIO(Reg, Larg, Significado)                    \
+  template <>                                                \
+  struct KXMetadados<Reg> {                                  \
+    using Registro = Reg;                                    \
+    static constexpr const char* kNome = #Reg;               \
+    static constexpr const char* kSignificado = Significado; \
+    static constexpr std::size_t kTamanho = Larg;            \
+    static constexpr KXCampo kCampos[] = {
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado) \
+  KX_LINHA(#Nome, Posicao, sizeof(Tipo), kx::kTipoDe<Tipo>, Campo, Comparado, Significado, nullptr)
+#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Comparado, Significado) \
+  KX_LINHA(#Nome, Posicao, sizeof(Tipo), kx::kTipoDe<Tipo>, Parte, Comparado, Significado, nullptr)
+#define KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado) \
+  KX_LINHA(#Nome, Posicao, Larg, KXTipoCampo::Texto, Campo, Comparado, Significado, nullptr)
+#define KX_HISTORICO(Posicao, Larg, Nome, Comparado, Significado) \
+  KX_LINHA(#Nome, Posicao, Larg, KXTipoCampo::Historico, Campo, Comparado, Significado, nullptr)
+#define KX_INTERNO(Posicao, Tipo, Nome, Significado) \
+  KX_LINHA(#Nome, Posicao, sizeof(Tipo), kx::kTipoDe<Tipo>, Interno, false, Significado, nullptr)
+#define KX_CONTADO(Posicao, Nome, Significado)                                                    \
+  KX_LINHA(#Nome, Posicao, sizeof(KXStringPS), KXTipoCampo::Contado, Contado, false, Significado, \
+           nullptr)
+#define KX_TAMANHO(Posicao, Nome)                                                \
+  KX_LINHA("Tamanho" #Nome, Posicao, 2, KXTipoCampo::SemSinal16, Tamanho, false, \
+           "characters of Texto" #Nome ", the terminator included", nullptr)
 #define KX_CORRIDO(Posicao, Nome, Significado) \
-  KX_PROVA(Posicao, Texto##Nome, 8)            \
-  visitante.TextoCorrido(reg.Texto##Nome, reg.Tamanho##Nome);
+  KX_LINHA("Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, Corrido, false, Significado, nullptr)
 #define KX_TERMINADO(Posicao, Nome, Significado) \
-  KX_PROVA(Posicao, Texto##Nome, 8)              \
-  visitante.TextoTerminado(reg.Texto##Nome);
-#define KX_RESERVA(Posicao, Larg, Igualdade) KX_PROVA(Posicao, Reserva_##Posicao, Larg)
-#define KX_ZERO(Posicao, Larg)               \
-  KX_PROVA(Posicao, Reserva_##Posicao, Larg) \
-  visitante.Zero(reg.Reserva_##Posicao);
-#define KX_CONTA(Posicao, X) KX_PROVA(Posicao, Qtd##X, 2)
-#define KX_LISTA(Posicao, Elemento, X, Significado) \
-  KX_PROVA(Posicao, Lista##X, 8)                    \
-  visitante.Lista(reg.Lista##X, reg.Qtd##X);
-#define KX_FIM(Reg) }
+  KX_LINHA("Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, Terminado, false, Significado, nullptr)
+#define KX_RESERVA(Posicao, Larg, Comparado)                                           \
+  KX_LINHA("Reserva_" #Posicao, Posicao, Larg, KXTipoCampo::Bytes, Reserva, Comparado, \
+           "carried unchanged", nullptr)
+#define KX_ZERO(Posicao, Larg) \
+  KX_LINHA("Reserva_" #Posicao, Posicao, Larg, KXTipoCampo::Bytes, Zero, false, "zero", nullptr)
+#define KX_CONTA(Posicao, X)                                            \
+  KX_LINHA("Qtd" #X, Posicao, 2, KXTipoCampo::SemSinal16, Conta, false, \
+           "number of elements of Lista" #X, nullptr)
+#define KX_LISTA(Posicao, Elemento, X, Significado)                                  \
+  KX_LINHA("Lista" #X, Posicao, 8, KXTipoCampo::Ponteiro, Lista, false, Significado, \
+           &KXMetadados<Elemento>::kInfo)
+#define KX_FIM(Reg)                                                              \
+  }                                                                              \
+  ;                                                                              \
+  static constexpr KXRegistroInfo kInfo{kNome, kSignificado, kTamanho, kCampos}; \
+  static constexpr int kLinhaErrada = kx::LinhaErrada(kCampos, kTamanho);
+#include KX_TABELA
+#undef KX_LINHA
+
+// The proof, outside of any template, so that the compiler says it at the row that is wrong.
+#define KX_PROVA(Posicao, Caminho)                                                        \
+  static_assert(kLinhaErrada != __LINE__, #Caminho ": the offset or the width is wrong"); \
+  static_assert(offsetof(Registro, Caminho) == (Posicao), #Caminho ": the offset is wrong");
+#define KX_INICIO(Reg, Larg, Significado) \
+  static_assert(sizeof(Reg) == (Larg) || kLinhaErrada != 0, #Reg ": the size is wrong");
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado) KX_PROVA(Posicao, Nome)
+#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Comparado, Significado) \
+  KX_PROVA(Posicao, Caminho)                                           \
+  static_assert(sizeof(Registro::Caminho) == sizeof(Tipo), #Nome ": the width is wrong");
+#define KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado) KX_PROVA(Posicao, Nome)
+#define KX_HISTORICO(Posicao, Larg, Nome, Comparado, Significado) KX_PROVA(Posicao, Nome)
+#define KX_INTERNO(Posicao, Tipo, Nome, Significado) KX_PROVA(Posicao, Nome)
+#define KX_CONTADO(Posicao, Nome, Significado) KX_PROVA(Posicao, Nome)
+#define KX_TAMANHO(Posicao, Nome) KX_PROVA(Posicao, Tamanho##Nome)
+#define KX_CORRIDO(Posicao, Nome, Significado) KX_PROVA(Posicao, Texto##Nome)
+#define KX_TERMINADO(Posicao, Nome, Significado) KX_PROVA(Posicao, Texto##Nome)
+#define KX_RESERVA(Posicao, Larg, Comparado) KX_PROVA(Posicao, Reserva_##Posicao)
+#define KX_ZERO(Posicao, Larg) KX_PROVA(Posicao, Reserva_##Posicao)
+#define KX_CONTA(Posicao, X) KX_PROVA(Posicao, Qtd##X)
+#define KX_LISTA(Posicao, Elemento, X, Significado) KX_PROVA(Posicao, Lista##X)
 #include KX_TABELA
 #undef KX_PROVA
 
-#define KX_INICIO(Reg, Larg, Significado)                  \
-  static constexpr const char* kNome = #Reg;               \
-  static constexpr const char* kSignificado = Significado; \
-  static constexpr KXCampo kCampos[] = {
-#define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado)  \
-  {#Nome,          Posicao,   sizeof(Tipo), kx::kTipoDe<Tipo>, \
-   KXPapel::Campo, Igualdade, Significado,  nullptr},
-#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Igualdade, Significado) \
-  {#Nome,          Posicao,   sizeof(Tipo), kx::kTipoDe<Tipo>,         \
-   KXPapel::Parte, Igualdade, Significado,  nullptr},
-#define KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado) \
-  {#Nome, Posicao, Larg, KXTipoCampo::Texto, KXPapel::Campo, Igualdade, Significado, nullptr},
-#define KX_INTERNO(Posicao, Tipo, Nome, Significado) \
-  {#Nome, Posicao, sizeof(Tipo), kx::kTipoDe<Tipo>, KXPapel::Interno, 0, Significado, nullptr},
-#define KX_BLOCO(Posicao, Nome, Significado)                               \
-  {#Nome,          Posicao, sizeof(KXStringPS), KXTipoCampo::TextoContado, \
-   KXPapel::Bloco, 0,       Significado,        nullptr},
-#define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) \
-  {#Nome, Posicao, Larg, KXTipoCampo::Historico, KXPapel::Campo, Igualdade, Significado, nullptr},
-#define KX_TAMANHO(Posicao, Nome)                           \
-  {"Tamanho" #Nome,                                         \
-   Posicao,                                                 \
-   2,                                                       \
-   KXTipoCampo::SemSinal16,                                 \
-   KXPapel::Tamanho,                                        \
-   0,                                                       \
-   "characters of Texto" #Nome ", the terminator included", \
-   nullptr},
+#define KX_INICIO(Reg, Larg, Significado)                     \
+  template <class Visitante>                                  \
+  static void VisitaPendentes([[maybe_unused]] Registro& reg, \
+                              [[maybe_unused]] Visitante&& visitante) {
+#define KX_CONTADO(Posicao, Nome, Significado) visitante.Contado(reg.Nome);
 #define KX_CORRIDO(Posicao, Nome, Significado) \
-  {"Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, KXPapel::Corrido, 0, Significado, nullptr},
-#define KX_TERMINADO(Posicao, Nome, Significado) \
-  {"Texto" #Nome, Posicao, 8, KXTipoCampo::Ponteiro, KXPapel::Terminado, 0, Significado, nullptr},
-#define KX_ZERO(Posicao, Larg) \
-  {"Reserva_" #Posicao, Posicao, Larg, KXTipoCampo::Bytes, KXPapel::Zero, 0, "zero", nullptr},
-#define KX_RESERVA(Posicao, Larg, Igualdade)                                            \
-  {"Reserva_" #Posicao, Posicao, Larg, KXTipoCampo::Bytes, KXPapel::Reserva, Igualdade, \
-   "carried unchanged", nullptr},
-#define KX_CONTA(Posicao, X)         \
-  {"Qtd" #X,                         \
-   Posicao,                          \
-   2,                                \
-   KXTipoCampo::SemSinal16,          \
-   KXPapel::Conta,                   \
-   0,                                \
-   "number of elements of Lista" #X, \
-   nullptr},
-#define KX_LISTA(Posicao, Elemento, X, Significado)             \
-  {"Lista" #X,     Posicao, 8,           KXTipoCampo::Ponteiro, \
-   KXPapel::Lista, 0,       Significado, &KXMetadados<Elemento>::kInfo},
-#define KX_FIM(Reg)                                                                       \
-  }                                                                                       \
-  ;                                                                                       \
-  static constexpr KXRegistroInfo kInfo{kNome, kSignificado, sizeof(Reg), kCampos};       \
-  static_assert(kx::TabelaContigua(kCampos, sizeof(Reg)), #Reg ": a byte without a row"); \
-  }                                                                                       \
+  visitante.Corrido(reg.Texto##Nome, reg.Tamanho##Nome);
+#define KX_TERMINADO(Posicao, Nome, Significado) visitante.Terminado(reg.Texto##Nome);
+#define KX_ZERO(Posicao, Larg) visitante.Zero(reg.Reserva_##Posicao);
+#define KX_LISTA(Posicao, Elemento, X, Significado) visitante.Lista(reg.Lista##X, reg.Qtd##X);
+#define KX_FIM(Reg) \
+  }                 \
+  }                 \
   ;
 #include KX_TABELA
 #undef KX_TABELA

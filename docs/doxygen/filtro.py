@@ -30,7 +30,7 @@ USUAIS = [
 ]
 ENUMERADOR = re.compile(r"\s*\w+(\s*=\s*[^(){}]*|\s*=\s*static_cast.*)?,\s*$")
 MACRO = re.compile(
-    r"\s*(KX_(?:CLASSE_\w+|DECLARA_CLASSE|CONVERSAO_DIRETA|COLECAO|MEMBRO))\b\s*(\(.*\))?"
+    r"\s*(KX_(?:CLASSE_\w+|DECLARA_CLASSE|COLECAO|MEMBRO(?:_POR_VALOR)?))\b\s*(\(.*\))?"
 )
 
 
@@ -89,7 +89,7 @@ def registro(tabela):
             campos.append((f"{c[1]} {c[2]}", c))
         elif tipo in ("KX_TEXTO", "KX_HISTORICO"):
             campos.append((f"char {c[2]}[{c[1]}]", c))
-        elif tipo == "KX_BLOCO":
+        elif tipo == "KX_CONTADO":
             campos.append((f"KXStringPS {c[1]}", c))
         elif tipo in ("KX_CORRIDO", "KX_TERMINADO"):
             campos.append((f"char* Texto{c[1]}", c))
@@ -292,15 +292,13 @@ class Filtro:
         return ENUMERADOR.match(linha.partition("//")[0]) is not None
 
     def diretiva(self, linha):
-        if m := re.match(r"#define (KX_CLASSE|KX_TABELA|KX_LE_POR_VALOR|KX_FONTE)\b\s*(.*)", linha):
+        if m := re.match(r"#define (KX_CLASSE|KX_TABELA|KX_LE_POR_VALOR)\b\s*(.*)", linha):
             self.defines[m[1]] = m[2].strip('"')
         elif linha == '#include "core/tabela/Acessores.h"':
             por_valor = self.defines.pop("KX_LE_POR_VALOR", None) is not None
             self.saida += acessores(self.defines["KX_CLASSE"], self.defines["KX_TABELA"], por_valor)
         elif linha == '#include "core/tabela/Registro.h"':
             self.saida += registro(self.defines["KX_TABELA"])
-        elif linha.startswith("#undef KX_FONTE"):
-            pass
         else:
             linhas = [linha]
             while linhas[-1].endswith("\\"):
@@ -320,7 +318,7 @@ class Filtro:
             self.i += 1
         m = MACRO.match(linha)
         argumentos = [a.strip() for a in (m[2] or "()")[1:-1].split(",")]
-        if m[1] in ("KX_COLECAO", "KX_MEMBRO"):
+        if m[1] in ("KX_COLECAO", "KX_MEMBRO", "KX_MEMBRO_POR_VALOR"):
             palavras = self.comentario or self.herdado or (documenta([fim]) if fim else [])
             resumo = " ".join(palavra[4:] for palavra in palavras)
             self.herdado = palavras if not fim else self.herdado

@@ -186,7 +186,7 @@ TEST(Alocacoes, TextoLidoTomaOQueTemENaoOQueDiz) {
   texto.Tamanho = 0xFFFFFFFF;
   texto.Texto = pagina;
   const long long antes = apoio::BytesPedidos();
-  EXPECT_EQ(kx::LeTexto(texto, "FalhasTeste", __LINE__).Vista(), "abc");
+  EXPECT_EQ(kx::LeContado(texto, {"FalhasTeste", __LINE__}).Vista(), "abc");
   EXPECT_LT(apoio::BytesPedidos() - antes, 1000);
 }
 

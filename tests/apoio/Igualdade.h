@@ -19,7 +19,7 @@ inline bool EhComparado(const KXRegistroInfo& info, const KXCampo& campo) {
   for (const KXCampo& outro : info.Campos) {
     const bool cobre =
         outro.Posicao <= campo.Posicao && campo.Posicao < outro.Posicao + outro.Largura;
-    if (cobre && outro.Igualdade != 0) return true;
+    if (cobre && outro.Comparado) return true;
   }
   return false;
 }

@@ -28,6 +28,9 @@ inline std::string TextoAleatorio(Gerador& gerador, std::size_t maximo) {
 inline void ZeraOQueNaoViaja(const KXRegistroInfo& info, unsigned char* bytes) {
   for (const KXCampo& campo : info.Campos) {
     if (campo.Papel == KXPapel::Zero) std::memset(bytes + campo.Posicao, 0, campo.Largura);
+    if (campo.Tipo == KXTipoCampo::DataHora32) {  // the date alone
+      std::memset(bytes + campo.Posicao + sizeof(REG_KXDMA), 0, campo.Largura - sizeof(REG_KXDMA));
+    }
   }
 }
 
@@ -53,7 +56,7 @@ inline bool EhTextoFixo(const KXCampo& campo) {
 
 inline void PreencheTexto(Gerador& gerador, KXStringPS& destino, kx::Alocador alocador) {
   const std::string texto = TextoAleatorio(gerador, 40);
-  kx::EscreveTexto(CString(std::string_view(texto)), &destino, alocador, kx::kSemLimite);
+  kx::EscreveContado(CString(std::string_view(texto)), destino, alocador, kx::kSemLimite);
 }
 
 // Fills every byte of the record, and up to `filhos` elements in every child array.
@@ -65,7 +68,7 @@ inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registr
   }
   for (const KXCampo& campo : info.Campos) {
     unsigned char* inicio = bytes + campo.Posicao;
-    if (campo.Papel == KXPapel::Bloco) {
+    if (campo.Papel == KXPapel::Contado) {
       PreencheTexto(gerador, *reinterpret_cast<KXStringPS*>(inicio), alocador);
     } else if (campo.Papel == KXPapel::Lista) {
       const auto quantos = static_cast<std::uint16_t>(Sorteia(gerador, filhos));
@@ -81,13 +84,13 @@ inline void Preenche(Gerador& gerador, const KXRegistroInfo& info, void* registr
       std::memcpy(bytes + ContaDe(info, campo).Posicao, &quantos, sizeof(quantos));
     } else if (campo.Papel == KXPapel::Corrido) {
       const std::string texto = TextoAleatorio(gerador, 40);
-      kx::EscreveTexto(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
-                       *reinterpret_cast<std::uint16_t*>(bytes + TamanhoDe(info, campo).Posicao),
-                       alocador);
+      kx::EscreveCorrido(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
+                         *reinterpret_cast<std::uint16_t*>(bytes + TamanhoDe(info, campo).Posicao),
+                         alocador);
     } else if (campo.Papel == KXPapel::Terminado) {
       const std::string texto = TextoAleatorio(gerador, 40);
-      kx::EscreveTexto(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
-                       kx::Alocador::Tarefa);
+      kx::EscreveTerminado(CString(std::string_view(texto)), *reinterpret_cast<char**>(inicio),
+                           alocador);
     } else if (EhTextoFixo(campo)) {
       const std::string texto = TextoAleatorio(gerador, campo.Largura - 1U);
       std::memset(inicio, 0, campo.Largura);
@@ -120,7 +123,7 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
         const std::string dentro = Diferenca(*campo.Elemento, arrayA + posicao, arrayB + posicao);
         if (!dentro.empty()) return onde.append(" / ").append(dentro);
       }
-    } else if (campo.Papel == KXPapel::Bloco) {
+    } else if (campo.Papel == KXPapel::Contado) {
       const auto& textoA = *reinterpret_cast<const KXStringPS*>(campoA);
       const auto& textoB = *reinterpret_cast<const KXStringPS*>(campoB);
       if (textoA.Tamanho != textoB.Tamanho ||
@@ -146,7 +149,7 @@ inline std::string Diferenca(const KXRegistroInfo& info, const void* a, const vo
 // The first count, size, pointer or text of the record that a release left; empty when none is.
 inline std::string OQueFicou(const KXRegistroInfo& info, const void* registro) {
   for (const KXCampo& campo : info.Campos) {
-    if (campo.Papel < KXPapel::Bloco) continue;  // the roles after it own memory or measure it
+    if (campo.Papel < KXPapel::Contado) continue;  // the roles after it own memory or measure it
     const auto* inicio = static_cast<const unsigned char*>(registro) + campo.Posicao;
     if (std::any_of(inicio, inicio + campo.Largura, [](unsigned char c) { return c != 0; })) {
       return campo.Nome;

@@ -4,28 +4,19 @@
 #define KX_INICIO(Registro, Larg, Significado) \
   KX_TESTE(KX_CLASSE) {                        \
     KX_CLASSE objeto;
-#define KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado)                                      \
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado)                                      \
   TestaCampo<Tipo>(                                                                                \
       objeto, #Nome, Posicao, [](auto& o, const Tipo& v) -> KX_CLASSE& { return o.Set##Nome(v); }, \
       [](auto& o) -> decltype(auto) { return o.Get##Nome(); });
-#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Igualdade, Significado) \
-  KX_CAMPO(Posicao, Tipo, Nome, Igualdade, Significado)
-#define KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado)                 \
+#define KX_PARTE(Posicao, Tipo, Nome, Caminho, Comparado, Significado) \
+  KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado)
+#define KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado)                 \
   TestaTexto(                                                                 \
       objeto, #Nome, Posicao, Larg,                                           \
       [](auto& o, const CString& v) -> KX_CLASSE& { return o.Set##Nome(v); }, \
       [](auto& o) { return o.Get##Nome(); });
-#define KX_HISTORICO(Posicao, Larg, Nome, Igualdade, Significado) \
-  KX_TEXTO(Posicao, Larg, Nome, Igualdade, Significado)
-#define KX_INTERNO(Posicao, Tipo, Nome, Significado)
-#define KX_BLOCO(Posicao, Nome, Significado)
-#define KX_TAMANHO(Posicao, Nome)
-#define KX_CORRIDO(Posicao, Nome, Significado)
-#define KX_TERMINADO(Posicao, Nome, Significado)
-#define KX_RESERVA(Posicao, Larg, Igualdade)
-#define KX_ZERO(Posicao, Larg)
-#define KX_CONTA(Posicao, X)
-#define KX_LISTA(Posicao, Elemento, X, Significado)
+#define KX_HISTORICO(Posicao, Larg, Nome, Comparado, Significado) \
+  KX_TEXTO(Posicao, Larg, Nome, Comparado, Significado)
 #define KX_FIM(Registro) }
 #include KX_TABELA
 #undef KX_TESTE

@@ -217,7 +217,7 @@ TEST_F(FerramentaTeste, Leiautes) {
   const Execucao um = Executa({"leiaute", "tagREG_ENTRADAPS"});
   EXPECT_EQ(um.Status, 0);
   EXPECT_TRUE(
-      std::regex_search(um.Saida, std::regex("\n +1190 +10 +86 +char\\[10\\] +EspecieVolume ")));
+      std::regex_search(um.Saida, std::regex("\n +1190 +10 +sim +char\\[10\\] +EspecieVolume ")));
   EXPECT_TRUE(Contem(Executa({"leiaute"}).Saida, "tagREG_ENTRADAPS"));
   const Execucao nenhum = Executa({"leiaute", "tagreg_entrada"});
   EXPECT_EQ(nenhum.Status, 1);

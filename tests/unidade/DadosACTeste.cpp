@@ -1,6 +1,9 @@
 // Rules of their own of approval rules and of the carrier of a save; the sweeps test the rest.
 #include <gtest/gtest.h>
 
+#include <type_traits>
+#include <utility>
+
 #include "ac/DadosAC.h"
 
 namespace {
@@ -57,6 +60,8 @@ TEST(RegraAprovacao, ArraysDeNewEmDoisNiveis) {
 
 TEST(GravacaoDeRegra, CopiaComparaELimpaOsCinco) {
   using Gravacao = CKXDadosCM_ACThread;
+  static_assert(std::is_same_v<decltype(std::declval<Gravacao&>().GetAC()), Regra> &&
+                std::is_same_v<decltype(std::declval<Gravacao&>().GetACAnterior()), Regra>);
   Gravacao gravacao;
   EXPECT_TRUE(gravacao.EstaVazio());
   gravacao.SetAC(Regra().SetCodigo("A")).SetACAnterior(Regra().SetCodigo("B"));

@@ -86,9 +86,12 @@ TEST(Conhecimento, DaCondicaoViajamDoisValores) {
   Conhecimento volta = IdaEVolta(conhecimento);
   EXPECT_TRUE(volta == viajavel);
   EXPECT_FALSE(volta == conhecimento);
-  // The stored record keeps no copy of them to come back.
+  // What the stored record keeps of them neither counts nor comes back.
   volta.GetCondicaoPagamento().Limpar();
-  EXPECT_TRUE(volta.EstaVazio());
+  EXPECT_TRUE(volta == Conhecimento());
+  Conhecimento::ZerarGlobalAlloc(&escrito.Reg);
+  volta.CopiarPara(&escrito.Reg);
+  EXPECT_EQ(bytes[478], 0);
 }
 
 TEST(Conhecimento, LogsContamVinculoNaoENenhumViaja) {
@@ -115,11 +118,12 @@ TEST(Conhecimento, IgualdadeVeFilhos) {
 TEST(Conhecimento, ChecksumEhDoRegistroSozinho) {
   Conhecimento conhecimento;
   conhecimento.SetObservacao("frete").GetCondicaoPagamento().SetPonteiroTipoCobranca(5);
-  Escrito escrito;
-  conhecimento.CopiarPara(&escrito.Reg);
-  const unsigned long crc = kx::CalculaChecksum(&escrito.Reg, 1288);
+  const unsigned long crc = kx::CalculaChecksum(&conhecimento.GetReg(), 1288);
   unsigned long anterior = 99;
   EXPECT_EQ(conhecimento.CalculaCRC(&anterior), crc);
+  EXPECT_EQ(conhecimento.GetReg().PonteiroTipoCobranca, 0);
+  EXPECT_EQ(IdaEVolta(conhecimento).GetReg().PonteiroTipoCobranca, 5);
+  EXPECT_NE(IdaEVolta(conhecimento).CalculaCRC(nullptr), crc);
   conhecimento.AdicionaNotaFiscal(Nota()).AdicionaRateio(Rateio());
   EXPECT_EQ(conhecimento.CalculaCRC(nullptr), crc);
 

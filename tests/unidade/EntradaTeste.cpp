@@ -103,7 +103,17 @@ TEST(Entrada, CondicaoDePagamentoViajaNoRegistro) {
   volta.GetCondicaoPagamento().SetPonteiroTipoCobranca(7);
   EXPECT_FALSE(volta == entrada);
   volta.GetCondicaoPagamento().Limpar();
-  EXPECT_TRUE(volta.EstaVazio());
+  EXPECT_TRUE(volta == Entrada());
+}
+
+TEST(Entrada, IgualRespondeComoAComparacao) {
+  const Entrada entrada = EntradaComItens();
+  EXPECT_TRUE(entrada.Igual(&entrada));
+  const Entrada vazia;
+  EXPECT_FALSE(entrada.Igual(&vazia));
+  EXPECT_FALSE(entrada.Igual(nullptr));
+  const CKXDadosCM_RENFReferidas outraClasse;
+  EXPECT_FALSE(vazia.Igual(&outraClasse));
 }
 
 TEST(Entrada, ChecksumEhDoRegistroSozinho) {
@@ -118,7 +128,7 @@ TEST(Entrada, ChecksumEhDoRegistroSozinho) {
   entrada.GetCondicaoPagamento().AdicionaParcela(CKXDadosCM_Parcela());
   EXPECT_EQ(entrada.CalculaCRC(nullptr), crc);
   entrada.GetCondicaoPagamento().SetPonteiroTipoCobranca(7);
-  EXPECT_NE(entrada.CalculaCRC(nullptr), crc);
+  EXPECT_EQ(entrada.CalculaCRC(nullptr), crc);
   EXPECT_EQ(entrada.Get_CRC(), 0UL);
 }
 

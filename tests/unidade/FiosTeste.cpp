@@ -61,7 +61,7 @@ REG Quebrado(const REG& inteiro, char* proibida) {
   for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
     if (campo.Papel == KXPapel::Lista || campo.Papel == KXPapel::Corrido) {
       std::memcpy(bytes + campo.Posicao, &proibida, sizeof(proibida));
-    } else if (campo.Papel == KXPapel::Bloco) {
+    } else if (campo.Papel == KXPapel::Contado) {
       const KXStringPS texto{10, 0, proibida};
       std::memcpy(bytes + campo.Posicao, &texto, sizeof(texto));
     }

@@ -109,13 +109,41 @@ TEST(Parcela, RegistroDoConhecimento) {
   Parcela::ZerarGlobalAlloc(&registro);
 }
 
-TEST(Parcela, OQueVeioAoLadoDaDataValeSoParaEla) {
+TEST(Parcela, NoConhecimentoADataVaiSoEODocumentoTerminado) {
   tagREG_FATURA_CONHECIMENTOPS registro{};
   registro.DataHoraVencimento = {{15, 3, 2026}, {7}};
+  std::memset(registro.NumeroDocumento, 'x', sizeof(registro.NumeroDocumento));
   Parcela parcela;
   parcela.CopiarDe(&registro);
-  parcela.SetRegDataVencimento({16, 3, 2026}).CopiarPara(&registro);
-  EXPECT_EQ(registro.DataHoraVencimento, (KXDataHora32{{16, 3, 2026}, {}}));
+  EXPECT_EQ(parcela.GetNumeroDocumento().GetLength(), 61);
+  parcela.CopiarPara(&registro);
+  EXPECT_EQ(registro.DataHoraVencimento, (KXDataHora32{{15, 3, 2026}, {}}));
+  EXPECT_EQ(registro.NumeroDocumento[61], '\0');
+
+  tagREG_FATURA_ENTRADAPS daEntrada{};
+  std::memcpy(daEntrada.NumeroDocumento, "1\0sobra", 8);
+  parcela.CopiarDe(&daEntrada);
+  parcela.CopiarPara(&registro);
+  EXPECT_EQ(registro.NumeroDocumento[2], '\0');
+}
+
+TEST(Parcela, CadaRegistroTemSuasLiberacoes) {
+  tagREG_FATURA_COMPRAPS compra;
+  tagREG_COTACAOITEMFATURAPS cotacao;
+  tagREG_IMPOSTO_DEDUCAOPS deducao;
+  tagREG_TITULO_IMPOSTOPS titulo;
+  ParcelaCheia().CopiarParaPS(&compra);
+  ParcelaCheia().CopiarParaPS(&cotacao);
+  CKXDadosCM_ImpostoDeducao().SetDescricao("dependente").CopiarParaPS(&deducao);
+  CKXDadosCM_TituloImposto().SetValor(CY{9}).CopiarParaPS(&titulo);
+  Parcela::ZerarGlobalAlloc(&compra);
+  Parcela::ZerarGlobalAlloc(&cotacao);
+  Parcela::ZerarDelete(&compra);
+  Parcela::ZerarDelete(&cotacao);
+  EXPECT_EQ(compra.Valor, CY{123456});
+  EXPECT_EQ(cotacao.Valor, CY{123456});
+  EXPECT_STREQ(deducao.Descricao, "dependente");
+  EXPECT_EQ(titulo.Valor, CY{9});
 }
 
 TEST(Parcela, LiberacaoNaoDesceAosImpostos) {

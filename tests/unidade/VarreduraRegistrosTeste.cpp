@@ -131,7 +131,7 @@ TYPED_TEST(VarreduraRegistros, IgualdadeSegueATabela) {
 TYPED_TEST(VarreduraRegistros, IgualdadeVeOUltimoCaractereDoCampo) {
   using REG = typename TypeParam::Registro;
   for (const KXCampo& campo : this->kInfo.Campos) {
-    if (campo.Tipo != KXTipoCampo::Texto || campo.Igualdade == 0) continue;
+    if (campo.Tipo != KXTipoCampo::Texto || !campo.Comparado) continue;
     REG a{};
     std::memset(reinterpret_cast<char*>(&a) + campo.Posicao, 'a', campo.Largura);
     REG b = a;
@@ -154,7 +154,7 @@ TYPED_TEST(VarreduraRegistros, IgualdadeVeFilhosETextos) {
       if (quantos < menos) continue;
       quantos = static_cast<std::uint16_t>(quantos - menos);
       std::memcpy(bytes + campo.Posicao, &quantos, sizeof(quantos));
-    } else if (campo.Papel == KXPapel::Bloco) {
+    } else if (campo.Papel == KXPapel::Contado) {
       auto& texto = *reinterpret_cast<KXStringPS*>(bytes + campo.Posicao);
       if (texto.Tamanho < 2) continue;
       texto.Tamanho -= 2;

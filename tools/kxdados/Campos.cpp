@@ -142,7 +142,7 @@ std::string TextoDoCampo(const Lugar& lugar) {
       return std::to_string(Le<std::int32_t>(bytes));
     case KXTipoCampo::ComSinal64:
       return std::to_string(Le<std::int64_t>(bytes));
-    case KXTipoCampo::TextoContado:
+    case KXTipoCampo::Contado:
     case KXTipoCampo::Ponteiro:
       return UTF8DeLatin1(TextoDeFora(lugar));
     case KXTipoCampo::Bytes:
@@ -177,7 +177,7 @@ Medida MedeRegistro(const KXRegistroInfo& info, const void* registro) {
         medida.Listas += filho.Listas;
         medida.Textos += filho.Textos;
       });
-    } else if (campo.Papel == KXPapel::Bloco || campo.Papel == KXPapel::Corrido ||
+    } else if (campo.Papel == KXPapel::Contado || campo.Papel == KXPapel::Corrido ||
                campo.Papel == KXPapel::Terminado) {
       if (Vazio(lugar)) continue;
       ++medida.Textos;

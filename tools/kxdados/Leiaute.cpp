@@ -49,16 +49,12 @@ std::string TipoDoCampo(const KXCampo& campo) {
       return "int64";
     case KXTipoCampo::Caractere:
       return "char";
-    case KXTipoCampo::TextoContado:
+    case KXTipoCampo::Contado:
       return "KXStringPS";
     case KXTipoCampo::Ponteiro:
       break;
   }
   return campo.Elemento != nullptr ? std::string(campo.Elemento->Nome) + "*" : "char*";
-}
-
-std::string LugarNaIgualdade(const KXCampo& campo) {
-  return campo.Igualdade == 0 ? "" : std::to_string(campo.Igualdade);
 }
 
 namespace {
@@ -114,16 +110,16 @@ bool EscreveLeiaute(std::ostream& saida, std::ostream& erros, const std::string&
   constexpr int kTipo = 34;
   constexpr int kNome = 44;
   saida << info->Nome << ": " << info->Significado << "; " << info->Tamanho << " bytes\n\n"
-        << "posição largura  ordem  " << std::left << std::setw(kTipo) << "tipo" << std::setw(kNome)
-        << "nome"
+        << "posição largura compara  " << std::left << std::setw(kTipo) << "tipo"
+        << std::setw(kNome) << "nome"
         << "significado\n";
   for (const KXCampo& campo : info->Campos) {
     saida << std::right << std::setw(kNumero) << campo.Posicao << ' ' << std::setw(kNumero)
-          << campo.Largura << std::setw(kNumero) << LugarNaIgualdade(campo) << "  " << std::left
-          << std::setw(kTipo) << TipoDoCampo(campo) << std::setw(kNome) << campo.Nome
+          << campo.Largura << std::setw(kNumero + 1) << (campo.Comparado ? "sim" : "") << "  "
+          << std::left << std::setw(kTipo) << TipoDoCampo(campo) << std::setw(kNome) << campo.Nome
           << campo.Significado << '\n';
   }
-  saida << "\nordem: lugar na comparação de igualdade; vazio, não comparado\n";
+  saida << "\ncompara: se a igualdade vê o campo\n";
   return true;
 }
 

@@ -18,7 +18,4 @@ bool EscreveLeiaute(std::ostream& saida, std::ostream& erros, const std::string&
 // The type of a field as layouts show it: uint16, CY, char[30]...
 std::string TipoDoCampo(const KXCampo& campo);
 
-// The field's place in the order of comparison; empty when it is not compared.
-std::string LugarNaIgualdade(const KXCampo& campo);
-
 }  // namespace kxdados

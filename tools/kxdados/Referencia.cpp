@@ -76,7 +76,7 @@ std::string Significado(const KXCampo& campo) {
       return significado + "; part of the field above";
     case KXPapel::Interno:
       return significado + "; kept by another object";
-    case KXPapel::Bloco:
+    case KXPapel::Contado:
       return significado + "; counted text";
     case KXPapel::Corrido:
       return significado + "; characters of a counted text";
@@ -139,11 +139,11 @@ bool TemAcessores(const KXRegistroInfo& info) {
 
 void EscreveCampos(std::ostream& pagina, const KXRegistroInfo& info) {
   const bool acessores = TemAcessores(info);
-  pagina << "\n| offset | width | type | name | equality |" << (acessores ? " accessors |" : "")
+  pagina << "\n| offset | width | type | name | compared |" << (acessores ? " accessors |" : "")
          << " meaning |\n|---:|---:|---|---|---:|" << (acessores ? "---|" : "") << "---|\n";
   for (const KXCampo& campo : info.Campos) {
     pagina << "| " << campo.Posicao << " | " << campo.Largura << " | " << Tipo(campo) << " | "
-           << Codigo(campo.Nome) << " | " << LugarNaIgualdade(campo) << " | ";
+           << Codigo(campo.Nome) << " | " << (campo.Comparado ? "yes" : "") << " | ";
     if (acessores) pagina << Acessores(campo) << " | ";
     pagina << Significado(campo) << " |\n";
   }
@@ -180,8 +180,7 @@ Offsets and widths are in bytes, little-endian. `CY` is money, quantity or rate 
 are the types of `kxldados/Tipos.h`. An array is a pointer to its first element; its `Qtd…` field
 counts them.
 
-`equality` is the place of the field in the order of comparison; fields without one are not
-compared. Reserved bytes are carried unchanged; those that mean `zero` do not travel.
+`compared` says whether equality sees the field. Reserved bytes are carried unchanged; those that mean `zero` do not travel.
 
 Arrays and counted texts have no accessors of the table: the class holds them as collections
 (`core/Colecao.h`) and members (`core/Membro.h`).
