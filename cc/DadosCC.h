@@ -152,6 +152,7 @@ class KX_API CKXDadosCM_CCUsuario : public TKXCMBaseParaDados {
 // and last change (RegDataHoraAlteracao, PonteiroUsuarioAlteracao, PonteiroUsuarioInclusao),
 // Excluido and EmailVencimentoEnviado.
 class KX_API CKXDadosCM_CCContrato : public TKXCMBaseParaDados {
+  // Before the record, as the published order of members has it.
   KX_MEMBRO(CKXDadosCM_CCContrato, CString, Observacao)
   KX_MEMBRO(CKXDadosCM_CCContrato, CString, DescricaoContrato)
   KX_MEMBRO(CKXDadosCM_CCContrato, CIEVinculo, Vinculo)

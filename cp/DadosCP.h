@@ -46,6 +46,7 @@ class KX_API CKXDadosCM_RateioCotacaoPreco : public CKXDadosCM_RateioBase {
 // Equality compares every field but EmailCotacaoWebEnviado, the texts, DesconsiderarSituacao and
 // the payment condition.
 class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
+  // Before the record, as the published order of members has it.
   KX_MEMBRO(CKXDadosCM_FornecedorCotacaoPreco, CKXDadosCM_CondicaoPagamento, CondicaoPagamento)
   KX_CLASSE_DE_REGISTRO(CKXDadosCM_FornecedorCotacaoPreco, TKXCMBaseParaDados,
                         tagREG_COTACAOITEMFORNECEDORPS)

@@ -29,7 +29,7 @@ struct AlocadorDeElementos : std::allocator<T> {
   // The same for another type of element.
   template <class U>
   struct rebind {
-    // That allocator.
+    // What std::vector asks for when it allocates something other than elements.
     using other = AlocadorDeElementos<U>;
   };
   AlocadorDeElementos() noexcept = default;

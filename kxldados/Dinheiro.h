@@ -29,14 +29,14 @@ class KX_API CKXCurrencyEx {
     return CY{unidades * kEscala};
   }
 
-  // Arithmetic, as said above.
+  // Each rounds once, as the class says.
   CKXCurrencyEx& operator+=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator-=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator*=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx& operator/=(const CKXCurrencyEx& outro) noexcept;
   CKXCurrencyEx operator-() const noexcept { return CKXCurrencyEx() -= *this; }
 
-  // Arithmetic, as said above.
+  // The same into a new amount.
   friend CKXCurrencyEx operator+(CKXCurrencyEx a, const CKXCurrencyEx& b) noexcept {
     return a += b;
   }

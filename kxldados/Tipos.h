@@ -38,8 +38,8 @@ struct REG_KXHMS {
 
 // Date and time of day, UTC.
 struct REG_KXDMAHMSUTC {
-  REG_KXDMA Data;  // the day
-  REG_KXHMS Hora;  // the time in it
+  REG_KXDMA Data;  // in UTC, so not always the day that a local clock shows
+  REG_KXHMS Hora;  // in UTC
   bool operator==(const REG_KXDMAHMSUTC&) const = default;
 };
 
@@ -69,8 +69,8 @@ struct _REG_POSICAO_PRODUTOPS {
 
 // The 32-byte date-and-time value of the freight bill's installments: the date, then zeros.
 struct KXDataHora32 {
-  REG_KXDMA Data;            // the day
-  std::uint8_t Reserva[28];  // carried unchanged
+  REG_KXDMA Data;            // as everywhere else
+  std::uint8_t Reserva[28];  // zero in what the library writes
   bool operator==(const KXDataHora32&) const = default;
 };
 

@@ -62,9 +62,9 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CString, ObservacaoGeral)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CString, ObservacaoFisco)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CIEVinculo, Vinculo)
-  // Work values of the data-entry programs. The three Ignorar... are flags: the user has confirmed
-  // the entry although its items' purchase orders, or the destinations of the products or of the
-  // services, disagree, and is not asked again until the object is cleared.
+  // Work values of the data-entry programs, which the library carries and never reads. While one of
+  // the three Ignorar... flags is set, the program leaves out a check before it saves: that products
+  // are linked to purchase orders, that the products have one destination, that the services have.
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::uint32_t, FornecedorRecebimento)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarVerificacaoAssocicaoOCProduto)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarDestinosDiferentesProduto)
