@@ -1,5 +1,6 @@
 // Freight bills through the tool: which field each element reaches, the wrappings, the errors.
 #include <algorithm>
+#include <chrono>
 #include <regex>
 
 #include "Execucao.h"
@@ -140,6 +141,24 @@ TEST_F(FerramentaTeste, ErrosDoConhecimento) {
     EXPECT_TRUE(Contem(e.Erros, std::string("(entrada padrão): ") + caso.Erro)) << e.Erros;
     EXPECT_EQ(std::count(e.Erros.begin(), e.Erros.end(), '\n'), 1) << e.Erros;
   }
+}
+
+// Twice the keys take about twice as long, and not four times.
+TEST_F(FerramentaTeste, ChavesErradasAosMilharesCustamUmaUmaSo) {
+  const std::string boa =
+      "<infNFe><chave>35260344555666000172550020000091541000091545</chave></infNFe>";
+  const auto segundos = [&](std::size_t quantas) {
+    std::string notas;
+    for (std::size_t i = 0; i < quantas; ++i) notas += Troca(boa, "3526", "3527");
+    const std::string arquivo = Escreve("chaves.xml", Troca(kNormal, boa, notas));
+    const auto inicio = std::chrono::steady_clock::now();
+    const Execucao e = Executa({"importa", arquivo});
+    const std::chrono::duration<double> tempo = std::chrono::steady_clock::now() - inicio;
+    EXPECT_TRUE(Contem(e.Erros, "/infNFe[" + std::to_string(quantas) + "]/chave: ")) << e.Status;
+    return tempo.count();
+  };
+  segundos(1000);
+  EXPECT_LT(segundos(64000), 16 * segundos(16000));
 }
 
 TEST_F(FerramentaTeste, LoteDeConhecimentosENotas) {

@@ -213,6 +213,24 @@ TEST_F(FerramentaTeste, ContaOQueDifereEOQueNaoCoube) {
                      "\"Avise\" - até 10 EUR ... >= ? em até 7 dias."));
 }
 
+TEST_F(FerramentaTeste, OQueNaoAcabaEErroDeleEOsDemaisSeguem) {
+  const std::string boa = Escreve("a.xml", NotaDeExemplo(kAtacado));
+  const fs::path pasta = fs::path(boa).parent_path();
+  fs::create_symlink("/dev/zero", pasta / "zero.xml");
+  const Execucao daPasta = Executa({"importa", pasta.string()});
+  EXPECT_EQ(daPasta.Status, 1);
+  EXPECT_TRUE(Contem(daPasta.Erros, "zero.xml: arquivo: não é um arquivo comum")) << daPasta.Erros;
+  EXPECT_EQ(Ocorrencias(daPasta.Saida, "ida e volta: igual"), 1U);
+
+  const Execucao pedido = Executa({"importa", "--maximo", "1", "/dev/zero", boa});
+  EXPECT_EQ(pedido.Status, 1);
+  EXPECT_EQ(pedido.Erros, "/dev/zero: arquivo: tem mais de 1 MiB (--maximo admite mais)\n");
+  EXPECT_EQ(Ocorrencias(pedido.Saida, "ida e volta: igual"), 1U);
+  const std::string grande = NotaDeExemplo(kAtacado) + std::string(1 << 20, ' ');
+  EXPECT_EQ(Executa({"importa", "--maximo", "1", Escreve("b.xml", grande)}).Status, 1);
+  EXPECT_EQ(Executa({"importa", "--maximo", "2", Escreve("b.xml", grande)}).Status, 0);
+}
+
 TEST_F(FerramentaTeste, Leiautes) {
   const Execucao um = Executa({"leiaute", "tagREG_ENTRADAPS"});
   EXPECT_EQ(um.Status, 0);

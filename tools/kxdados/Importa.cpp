@@ -149,16 +149,37 @@ class Importacao {
     if (erro) return Erro(pasta, Falha("pasta", "não pode ser lida"));
     if (arquivos.empty()) return Erro(pasta, Falha("pasta", "não há nela nenhum arquivo .xml"));
     std::sort(arquivos.begin(), arquivos.end());
-    for (const std::string& arquivo : arquivos) Arquivo(arquivo);
+    for (const std::string& arquivo : arquivos) ArquivoDaPasta(arquivo);
   }
 
-  static std::string Le(std::istream& entrada) {
-    std::string bytes{std::istreambuf_iterator<char>(entrada), std::istreambuf_iterator<char>()};
+  // Nobody asked by name for a pipe or a device, which may never end.
+  void ArquivoDaPasta(const std::string& arquivo) {
+    std::error_code ignorado;
+    const fs::file_status estado = fs::status(arquivo, ignorado);
+    if (fs::exists(estado) && !fs::is_regular_file(estado)) {
+      return Erro(arquivo, Falha("arquivo", "não é um arquivo comum"));
+    }
+    Arquivo(arquivo);
+  }
+
+  // No more than the maximum, whatever the file says of its size: what is no ordinary file may not
+  // end.
+  std::string Le(std::istream& entrada) const {
+    const std::uint64_t maximo = _opcoes.MaximoMiB << 20;
+    std::string bytes;
+    std::array<char, 65536> trecho;
+    while (entrada.read(trecho.data(), trecho.size()), entrada.gcount() > 0) {
+      bytes.append(trecho.data(), static_cast<std::size_t>(entrada.gcount()));
+      if (bytes.size() > maximo) {
+        throw Falha("arquivo", "tem mais de " + std::to_string(_opcoes.MaximoMiB) +
+                                   " MiB (--maximo admite mais)");
+      }
+    }
     if (entrada.bad()) throw Falha("arquivo", "não pode ser lido");
     return bytes;
   }
 
-  static std::string Le(const std::string& caminho) {
+  std::string Le(const std::string& caminho) const {
     if (caminho == "-") return Le(std::cin);
     std::ifstream arquivo(caminho, std::ios::binary);
     if (!arquivo) {

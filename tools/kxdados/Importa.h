@@ -26,6 +26,7 @@ struct OpcoesImporta {
   std::vector<std::string> Caminhos;  // files, folders, "-"; none: standard input
   std::vector<std::pair<const OpcaoChave*, std::uint64_t>> Chaves;
   bool Campos = false;
+  std::uint64_t MaximoMiB = 256;  // of one file
 };
 
 // Reports to standard output, a line per error to the standard error. Returns the exit status: 1

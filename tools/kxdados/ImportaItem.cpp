@@ -181,8 +181,8 @@ void ImportaMedidas(Item& item, No det, No prod, Nota& nota) {
       .SetValorTotal(DinheiroExigido(prod, "vProd"))
       .SetValorDescontoUnitarioV8(CKXCurrencyEx(Dinheiro(prod, "vDesc")) / quantidade);
   if (casas > kMaximo) {
-    nota.Avisos.push_back("arredondado: ValorUnitarioV8: " + Caminho(prod, "vUnCom") + " tem " +
-                          std::to_string(casas) + " casas decimais, couberam 4");
+    nota.Avisos.push_back("arredondado: ValorUnitarioV8: " + nota.Lugares.De(prod, "vUnCom") +
+                          " tem " + std::to_string(casas) + " casas decimais, couberam 4");
   }
   item.SetIDItem(static_cast<std::uint32_t>(
       InteiroDoAtributo(det, "nItem", std::numeric_limits<std::uint32_t>::max())));
@@ -200,7 +200,7 @@ void ImportaPedido(CKXDadosCM_REItemBase& item, No prod, Nota& nota) {
   constexpr std::uint64_t kMaximoNaNota = 999'999;
   const std::uint64_t sequencia = Inteiro(prod, "nItemPed", kMaximoNaNota);
   if (sequencia > std::numeric_limits<std::uint16_t>::max()) {
-    nota.Avisos.push_back("não guardado: " + Caminho(prod, "nItemPed") + ": " +
+    nota.Avisos.push_back("não guardado: " + nota.Lugares.De(prod, "nItemPed") + ": " +
                           std::to_string(sequencia) + " não cabe em SequenciaItem");
     return;
   }
@@ -241,9 +241,10 @@ void ImportaDI(Produto& item, No prod, Nota& nota) {
     Aplica(kAdicao, adicoes.front(), item, nota);
   }
   if (declaracoes.size() > 1 || adicoes.size() > 1) {
-    nota.Avisos.push_back("não guardado: " + Caminho(prod) + ": o item guarda uma DI com uma " +
-                          "adição, a nota traz " + std::to_string(declaracoes.size()) +
-                          " DI, a primeira com " + std::to_string(adicoes.size()) + " adições");
+    nota.Avisos.push_back("não guardado: " + nota.Lugares.De(prod) +
+                          ": o item guarda uma DI com uma " + "adição, a nota traz " +
+                          std::to_string(declaracoes.size()) + " DI, a primeira com " +
+                          std::to_string(adicoes.size()) + " adições");
   }
 }
 

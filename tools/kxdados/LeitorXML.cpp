@@ -39,13 +39,6 @@ const char* Motivo(kx::ErroDinheiro erro) noexcept {
                                                : "não é um número: ";
 }
 
-// Place among the siblings of the same name, 0 for an only one.
-int Ordem(pugi::xml_node no) {
-  const auto irmaos = Filhos(no.parent(), NomeLocal(no));
-  if (irmaos.size() < 2) return 0;
-  return static_cast<int>(std::find(irmaos.begin(), irmaos.end(), no) - irmaos.begin()) + 1;
-}
-
 // The element that holds a document whole. Inside a CT-e, infNFe is a carried invoice.
 bool EhCorpo(pugi::xml_node no) {
   const std::string_view nome = NomeLocal(no);
@@ -126,7 +119,20 @@ pugi::xml_node Exige(pugi::xml_node pai, std::string_view nome) {
   return no;
 }
 
-std::string Caminho(pugi::xml_node no, std::string_view nome) {
+std::string Caminho(pugi::xml_node no, std::string_view nome) { return Caminhos().De(no, nome); }
+
+int Caminhos::Ordem(pugi::xml_node no) {
+  const auto contada = _ordens.find(no.hash_value());
+  if (contada != _ordens.end()) return contada->second;
+  int irmaos = 0;
+  for (const pugi::xml_node irmao : no.parent().children()) {
+    if (NomeLocal(irmao) == NomeLocal(no)) _ordens[irmao.hash_value()] = ++irmaos;
+  }
+  if (irmaos == 1) _ordens[no.hash_value()] = 0;
+  return _ordens[no.hash_value()];
+}
+
+std::string Caminhos::De(pugi::xml_node no, std::string_view nome) {
   std::string caminho(nome);
   for (; no && no.type() == pugi::node_element && !EhCorpo(no); no = no.parent()) {
     std::string passo(NomeLocal(no));

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "kxldados/CString.h"
@@ -42,6 +43,18 @@ pugi::xml_node Exige(pugi::xml_node pai, std::string_view nome);
 // "det[3]/prod/vProd": the place of an element below the document's infNFe or infCte, or of its
 // child `nome`.
 std::string Caminho(pugi::xml_node no, std::string_view nome = {});
+
+// The same for many elements of one document: those of one parent are numbered once.
+class Caminhos {
+ public:
+  std::string De(pugi::xml_node no, std::string_view nome = {});
+
+ private:
+  // Place among the siblings of the same name, 0 for an only one.
+  int Ordem(pugi::xml_node no);
+
+  std::unordered_map<std::size_t, int> _ordens;
+};
 
 // The characters of an element as they stand, UTF-8.
 std::string Valor(pugi::xml_node no);

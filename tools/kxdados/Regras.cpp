@@ -30,14 +30,14 @@ _KX_NFE_ps LeChave(const std::string& texto, auto lugar, Documento& documento) {
 
 void AvisaCorte(Documento& documento, No pai, const char* elemento, const char* campo,
                 int caracteres, int couberam) {
-  documento.Avisos.push_back("cortado: " + std::string(campo) + ": " + Caminho(pai, elemento) +
-                             " tem " + std::to_string(caracteres) + " caracteres, couberam " +
-                             std::to_string(couberam));
+  documento.Avisos.push_back(
+      "cortado: " + std::string(campo) + ": " + documento.Lugares.De(pai, elemento) + " tem " +
+      std::to_string(caracteres) + " caracteres, couberam " + std::to_string(couberam));
 }
 
 _KX_NFE_ps LeChave(No no, Documento& documento) {
   return LeChave(
-      Valor(no), [no] { return Caminho(no); }, documento);
+      Valor(no), [&] { return documento.Lugares.De(no); }, documento);
 }
 
 _KX_NFE_ps LeChavePropria(No inf, const char* prefixo, const char* protocolo,

@@ -18,6 +18,7 @@ struct Documento {
   std::string Emitente;
   std::vector<std::string> Avisos;  // what did not fit whole
   std::vector<Falha> Chaves;        // access keys that are wrong, and were left empty
+  Caminhos Lugares;                 // of what is told above
 };
 
 template <class Objeto>

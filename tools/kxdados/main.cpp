@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kErro = 1;
 constexpr int kErroDeUso = 2;
+constexpr std::uint64_t kMaximoMiB = 1U << 20;
 
 // What the user typed about the keys, in the order of OpcoesChave.
 using Digitados = std::vector<std::string>;
@@ -61,6 +62,12 @@ CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados&
                    "Arquivos, pastas (todos os .xml) ou - (entrada padrão)")
       ->type_name("");
   comando->add_flag("--campos", opcoes.Campos, "Mostra todos os campos que não estão vazios");
+  comando
+      ->add_option("--maximo", opcoes.MaximoMiB,
+                   "Tamanho máximo de um arquivo, em MiB: " + std::to_string(opcoes.MaximoMiB) +
+                       ", se não se diz outro")
+      ->check(NumeroAte(kMaximoMiB))
+      ->type_name("N");
   const auto chaves = kxdados::OpcoesChave();
   digitados.resize(chaves.size());
   for (std::size_t i = 0; i < chaves.size(); ++i) {
