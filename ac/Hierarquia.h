@@ -1,4 +1,6 @@
 // Which rule hangs below which: the hierarchy as plain numbers, before any node exists.
+//
+// Internal to the library's sources.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,6 @@
 // The checksum by carry-less multiplication, for Checksum.cpp alone.
+//
+// Internal to the library's sources.
 #pragma once
 
 #include <cstddef>

@@ -9,6 +9,7 @@
 #endif
 
 #ifdef KX_LE_POR_VALOR
+static constexpr bool kLePorValor = true;
 #define KX_LEITURA(Tipo, Nome) \
   Tipo Get##Nome() const { return _Reg.Nome; }
 #else

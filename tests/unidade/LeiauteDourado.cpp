@@ -1,4 +1,4 @@
-// The tables against the layouts as they are documented (tests/dados/leiautes.txt): the size of
+// The tables against the layouts as they are documented (leiautes.txt of each room): the size of
 // every record, where fields from its middle and end are, and which fields equality leaves out.
 #include <gtest/gtest.h>
 
@@ -37,9 +37,8 @@ void Confere(const KXRegistroInfo& registro, std::istringstream& partes) {
   EXPECT_EQ(apoio::ForaDaIgualdade(registro), naoComparados) << registro.Nome;
 }
 
-TEST(LeiauteDourado, ConfereComODocumentado) {
-  Nomes documentados;
-  std::ifstream arquivo(KX_RAIZ "/tests/dados/leiautes.txt");
+void ConfereSala(const std::string& sala, Nomes& documentados) {
+  std::ifstream arquivo(KX_RAIZ "/" + sala + "/leiautes.txt");
   for (std::string linha; std::getline(arquivo, linha);) {
     if (linha.starts_with('#')) continue;
     std::istringstream partes(linha);
@@ -50,8 +49,15 @@ TEST(LeiauteDourado, ConfereComODocumentado) {
     ASSERT_NE(registro, nullptr) << nome;
     Confere(*registro, partes);
   }
+}
+
+TEST(LeiauteDourado, ConfereComODocumentado) {
+  Nomes documentados;
+  std::ifstream salas(KX_RAIZ "/cmake/salas.txt");
+  for (std::string sala; salas >> sala;) ConfereSala(sala, documentados);
   for (const KXRegistroInfo* registro : KXRegistros()) {
-    EXPECT_TRUE(documentados.contains(registro->Nome)) << registro->Nome << " has no line";
+    EXPECT_TRUE(documentados.contains(registro->Nome))
+        << registro->Nome << " has no line in leiautes.txt of its room";
   }
 }
 
