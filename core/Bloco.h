@@ -10,8 +10,8 @@ namespace kx {
 
 // Where a report comes from: the source of a class, without its ending, and a line in it.
 struct Posicao {
-  const char* Fonte;
-  int Linha;
+  const char* Fonte;  // "DadosRE"
+  int Linha;          // from 1
 };
 
 // What a failed copy or fill reports (kCodigoFalhaBloco).

@@ -90,8 +90,10 @@ constexpr bool TemPendentes() {
 
 // Visits what hangs from a record, and releases it.
 struct Liberador {
+  // Of all that hangs from the record.
   Alocador De;
 
+  // Called once for each row of the kind (KXMetadados::VisitaPendentes).
   template <class E>
   void Lista(E*& array, std::uint16_t& quantidade) const noexcept {
     if (array != nullptr) {
@@ -117,12 +119,12 @@ struct Liberador {
     LiberaArray(De, texto);
     texto = nullptr;
   }
-  // Nothing hangs from spare bytes.
   void Zero(auto&) const noexcept {}
 };
 
 // Visits what hangs from a record, and forgets it; spare bytes become zero.
 struct Esquecedor {
+  // Called once for each row of the kind (KXMetadados::VisitaPendentes).
   template <class E>
   void Lista(E*& array, std::uint16_t& quantidade) const noexcept {
     array = nullptr;

@@ -61,9 +61,20 @@ completa() {
   printf '%s\n' "${COMPREPLY[@]}" | sort
 }
 
+# cabecalhos_instalados: every header and table of the rooms, and none that says to be internal.
+cabecalhos_instalados() {
+  local projeto=$FONTE/../.. salas esperados instalados
+  read -rd '' -a salas <"$projeto/cmake/salas.txt" || true
+  esperados=$(cd "$projeto" && find "${salas[@]}" \( -name '*.h' -o -name '*.def' \) -print0 |
+    xargs -0 grep -LE "^// Internal to the library" | sort)
+  instalados=$(cd "$USR/include/kxldadoscm" && find . -type f -printf '%P\n' | sort)
+  diff <(echo "$esperados") <(echo "$instalados") || falha "headers in the tree < > installed"
+}
+
 caso_instalacao() {
   rm -rf "$LUGAR"
   cmake --install "$CONSTRUIDO" --prefix "$USR" >/dev/null
+  cabecalhos_instalados
   consome_cmake "$USR" kxldadoscm::kxldadoscm
   sem_caminho
   kxdados --versao
@@ -79,6 +90,7 @@ caso_pacotes() {
   repetidos=$(for pacote in "$CONSTRUIDO"/*.deb; do dpkg-deb -c "$pacote"; done |
     awk '$1 !~ /^d/ {print $6}' | sort | uniq -d)
   [[ -z $repetidos ]] || falha "in more than one package: $repetidos"
+  cabecalhos_instalados
 }
 
 caso_pacotes_campos() {
