@@ -1,8 +1,6 @@
 // Record tree to object to record, for every class with a record: the bytes decide the class, the
 // contents, the counts and the texts, and how arrays and texts are wrong.
 #include <algorithm>
-#include <cstdint>
-#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -93,12 +91,11 @@ class Montador {
     const bool semArray = modo == 5;
     const bool semConta = modo == 6;
     const bool ilegivel = modo == 7 && quantos > 0 && CabeIlegivel();
-    const bool nada = semArray || semConta || ilegivel;
-    const std::uint16_t esperados = nada ? std::uint16_t{0} : quantos;
+    const std::uint16_t esperados = semArray || semConta ? std::uint16_t{0} : quantos;
 
     unsigned char* const origem = semArray || quantos == 0 ? nullptr : Array(campo, quantos);
     unsigned char* const copia = esperados == 0 ? nullptr : Array(campo, esperados);
-    for (std::size_t i = 0; i < esperados; ++i) {
+    for (std::size_t i = 0; i < esperados && !ilegivel; ++i) {
       const std::size_t posicao = i * campo.Elemento->Tamanho;
       Preenche(*campo.Elemento, origem + posicao, copia + posicao);
     }
@@ -109,9 +106,12 @@ class Montador {
     if (ilegivel) TornaIlegivel(recebido + campo.Posicao, origem);
   }
 
+  // Elements whose every byte is zero: what an element that cannot be read reads as.
   unsigned char* Array(const KXCampo& campo, std::size_t quantos) const {
     const std::size_t tamanho = quantos * campo.Elemento->Tamanho;
-    return kx::AlocaArray<unsigned char>(_alocador, tamanho);
+    auto* const array = kx::AlocaArray<unsigned char>(_alocador, tamanho);
+    std::memset(array, 0, tamanho);
+    return array;
   }
 
   // Each costs a fault, thousands of times as long as anything else here.
@@ -384,34 +384,18 @@ void Prova(Bytes& bytes) {
   KX_EXIGE(apoio::OQueFicou(info, &escrito.Reg).empty(), apoio::OQueFicou(info, &escrito.Reg));
 }
 
-struct UmaProva {
-  std::uint32_t Numero;
-  void (*Prova)(Bytes&);
+template <class T>
+struct Provas;
+template <template <class...> class Lista, class... Classes>
+struct Provas<Lista<Classes...>> {
+  static constexpr void (*kTodas[])(Bytes&) = {Prova<Classes>...};
 };
-
-// FNV-1a of the class's name.
-std::uint32_t NumeroDe(std::string_view nome) {
-  std::uint32_t numero = 2166136261U;
-  for (const char letra : nome) numero = (numero ^ static_cast<unsigned char>(letra)) * 16777619U;
-  return numero;
-}
-
-template <class... Classes>
-std::vector<UmaProva> Todas(testing::Types<Classes...> /*classes*/) {
-  return {{NumeroDe(Classes::GetThisClass()->m_lpszClassName), Prova<Classes>}...};
-}
 
 }  // namespace
 
-// The input begins with a number, and goes to the class whose own is the next from there. A seed
-// begins with that of its class, so that no class that is added takes it over.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-  static const std::vector<UmaProva> todas = Todas(apoio::ClassesDeRegistro());
+  constexpr auto& kTodas = Provas<apoio::ClassesDeRegistro>::kTodas;
   Bytes bytes(dados, tamanho);
-  const auto numero = bytes.Valor<std::uint32_t>();
-  const auto daqui = [numero](const UmaProva& a, const UmaProva& b) {
-    return a.Numero - numero < b.Numero - numero;
-  };
-  std::min_element(todas.begin(), todas.end(), daqui)->Prova(bytes);
+  kTodas[bytes.Byte() % std::size(kTodas)](bytes);
   return 0;
 }
