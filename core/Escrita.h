@@ -50,7 +50,7 @@ struct Escrita {
     array = AlocaArray<E>(alocador, total);
     while (quantidade < total) {
       const std::size_t indice = quantidade++;
-      Elemento(lista[indice], array[indice], alocador);
+      Elemento(lista.at(indice), array[indice], alocador);
     }
   }
 
