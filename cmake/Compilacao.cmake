@@ -11,7 +11,12 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
 endif()
 
 add_library(kx_opcoes INTERFACE)
-target_compile_options(kx_opcoes INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+if(MSVC)
+  target_compile_options(kx_opcoes INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus
+    /Zc:preprocessor)
+else()
+  target_compile_options(kx_opcoes INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+endif()
 target_include_directories(kx_opcoes INTERFACE ${PROJECT_BINARY_DIR})  # gerado/
 
 if(KX_SANITIZADORES)

@@ -41,6 +41,10 @@ install(FILES ${PROJECT_BINARY_DIR}/kxldadoscm.pc DESTINATION ${CMAKE_INSTALL_LI
 
 if(KX_FERRAMENTAS)
   install(TARGETS kxdados COMPONENT ferramentas)
+endif()
+if(WIN32)
+  kx_pacote_windows()
+elseif(KX_FERRAMENTAS)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/kxdados/kxdados.bash RENAME kxdados
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT ferramentas)
   install(FILES ${PROJECT_SOURCE_DIR}/tools/kxdados/kxdados.1

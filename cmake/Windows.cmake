@@ -30,3 +30,37 @@ function(kx_biblioteca_windows alvo)
   # The task allocator, and the window messages.
   target_link_libraries(${alvo} PRIVATE ole32 user32)
 endfunction()
+
+# kx_pacote_windows(): the ZIP that ./dev windows makes, by the rules of Instalacao.cmake: what runs in
+# bin, runtime libraries included, what a program is built with, and the licences of what is linked
+# in or lies beside.
+function(kx_pacote_windows)
+  install(FILES ${KX_RUNTIME} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT biblioteca)
+  install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION . COMPONENT biblioteca)
+  foreach(pacote gcc-mingw-w64-base mingw-w64-common libpugixml-dev libcli11-dev)
+    set(licenca /usr/share/doc/${pacote}/copyright)
+    if(EXISTS ${licenca})
+      string(REGEX REPLACE "^lib|-dev$" "" nome ${pacote})
+      install(FILES ${licenca} DESTINATION licencas RENAME ${nome}.txt COMPONENT biblioteca)
+    endif()
+  endforeach()
+  if(EXISTS /usr/share/common-licenses/GPL-3)  # which the licence of the compiler's runtime names
+    install(FILES /usr/share/common-licenses/GPL-3 DESTINATION licencas RENAME GPL-3.txt
+            COMPONENT biblioteca)
+  endif()
+
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_NAME kxldadoscm)
+  set(CPACK_PACKAGE_FILE_NAME kxldadoscm-${PROJECT_VERSION}-windows-x64)
+  set(CPACK_STRIP_FILES ON)
+  include(CPack)
+endfunction()
+
+# kx_vetores_windows(SOURCE): GCC aligns the stack of Windows to 16 bytes only, and then moves values
+# of 32 as if it had aligned them (its bug 54412).
+function(kx_vetores_windows fonte)
+  if(MINGW)
+    set_source_files_properties(${fonte} PROPERTIES
+      COMPILE_OPTIONS -Wa,-muse-unaligned-vector-move)
+  endif()
+endfunction()

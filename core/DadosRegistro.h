@@ -13,7 +13,7 @@
 
 // One record, held by value; it owns no memory beyond it.
 template <class REG>
-class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
+class KX_API_MODELO T_KXDadosRegistro : public TKXBaseParaDados {
  public:
   T_KXDadosRegistro() noexcept : _Reg{} {}
   T_KXDadosRegistro(const T_KXDadosRegistro& outro) noexcept = default;
@@ -85,7 +85,7 @@ class KX_API T_KXDadosRegistro : public TKXBaseParaDados {
 // A record with child arrays: derived classes override the three hooks to replace the copied array
 // pointers by deep copies; by default the hooks do nothing.
 template <class REG>
-class KX_API T_KXDadosRegistroComLista : public T_KXDadosRegistro<REG> {
+class KX_API_MODELO T_KXDadosRegistroComLista : public T_KXDadosRegistro<REG> {
  public:
   void CopiarDe(const REG* origem) override {
     T_KXDadosRegistro<REG>::CopiarDe(origem);

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "platform/TiposDoSistema.h"
+
 static_assert(sizeof(void*) == 8, "records hold 8-byte pointers: 64-bit targets only");
 static_assert(std::endian::native == std::endian::little, "records are little-endian");
 

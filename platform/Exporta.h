@@ -19,3 +19,11 @@
 #else
 #define KX_LOCAL __attribute__((visibility("hidden")))
 #endif
+
+// KX_API_MODELO is for class templates that any program may instantiate. Windows would look for all
+// instances in the library, so there each module makes its own; elsewhere they are merged.
+#if defined(_WIN32)
+#define KX_API_MODELO
+#else
+#define KX_API_MODELO KX_API
+#endif

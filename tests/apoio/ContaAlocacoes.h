@@ -1,5 +1,7 @@
 // Replaces the global allocation functions of the test program: counts what is alive and makes a
-// chosen allocation fail. tests/alocacao/ContaAlocacoes.cpp holds the replacements.
+// chosen allocation fail. Blocks of array new are told from all others: releasing by delete[] what
+// is no such block, or one in another way, ends the program. tests/alocacao/ContaAlocacoes.cpp
+// holds the replacements.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,6 +14,11 @@ namespace apoio {
 // The functions themselves, for libraries that are told where to take memory.
 void* Aloca(std::size_t tamanho) noexcept;
 void Libera(void* memoria) noexcept;
+
+// The same counts and failures for an allocator that is not replaced but watched: whether it may
+// make this block, and that one was made or released.
+bool PermiteAlocacao(std::size_t tamanho) noexcept;
+void ContaViva(long long quantas) noexcept;
 
 // Allocations alive now, and all those made since the program began.
 long long AlocacoesVivas() noexcept;

@@ -1,23 +1,23 @@
 #include "Execucao.h"
 
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
+
+#include "Processo.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 fs::path PastaNova() {
-  std::string modelo = (fs::temp_directory_path() / "kxdados-XXXXXX").string();
-  if (mkdtemp(modelo.data()) == nullptr) throw std::runtime_error("mkdtemp");
-  return modelo;
+  std::random_device sorte;
+  for (;;) {
+    fs::path pasta = fs::temp_directory_path() / ("kxdados-" + std::to_string(sorte()));
+    if (fs::create_directory(pasta)) return pasta;
+  }
 }
-
-std::string Cita(const std::string& argumento) { return "'" + argumento + "'"; }
 
 }  // namespace
 
@@ -35,21 +35,18 @@ FerramentaTeste::~FerramentaTeste() {
 }
 
 std::string FerramentaTeste::Escreve(const std::string& nome, const std::string& bytes) {
-  const fs::path caminho = _pasta / "notas" / nome;
+  const fs::path caminho = _pasta / "notas" / std::u8string(nome.begin(), nome.end());
   std::ofstream(caminho, std::ios::binary) << bytes;
-  return caminho.string();
+  const std::u8string texto = caminho.u8string();
+  return {texto.begin(), texto.end()};
 }
 
 Execucao FerramentaTeste::Executa(const std::vector<std::string>& argumentos,
                                   const std::string& entrada) {
   std::ofstream(_pasta / "entrada", std::ios::binary) << entrada;
-  std::string comando = Cita(KXDADOS_BIN);
-  for (const std::string& argumento : argumentos) comando += " " + Cita(argumento);
-  comando += " <" + Cita((_pasta / "entrada").string()) + " >" + Cita((_pasta / "saida").string()) +
-             " 2>" + Cita((_pasta / "erros").string());
-  const int estado = std::system(comando.c_str());
-  return {WIFEXITED(estado) ? WEXITSTATUS(estado) : -1, LeArquivo(_pasta / "saida"),
-          LeArquivo(_pasta / "erros")};
+  const int status =
+      RodaPrograma(KXDADOS_BIN, argumentos, _pasta / "entrada", _pasta / "saida", _pasta / "erros");
+  return {status, LeArquivo(_pasta / "saida"), LeArquivo(_pasta / "erros")};
 }
 
 std::string NotaDeExemplo(const std::string& nome) {

@@ -21,7 +21,7 @@ class FerramentaTeste : public testing::Test {
   ~FerramentaTeste() override;
 
   Execucao Executa(const std::vector<std::string>& argumentos, const std::string& entrada = {});
-  // Writes a file of the test's folder, and returns its path.
+  // Writes a file of the test's folder, whose name is in UTF-8, and returns its path.
   std::string Escreve(const std::string& nome, const std::string& bytes);
 
   const std::filesystem::path _pasta;

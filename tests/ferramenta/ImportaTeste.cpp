@@ -131,6 +131,28 @@ TEST_F(FerramentaTeste, PastasELeituraImpossivel) {
   EXPECT_EQ(ausente.Saida, e.Saida);
 }
 
+// What the demo shows, on every system.
+TEST_F(FerramentaTeste, SaidaByteAByte) {
+  std::string saida;
+  for (const char* nota : {"01_atacado_st_ipi_3parcelas.xml", "02_medicamentos_lotes_servico.xml",
+                           "03_simples_cnpj_alfanumerico.xml"}) {
+    saida += Executa({"importa", "--campos", "-"}, NotaDeExemplo(nota)).Saida;
+  }
+  EXPECT_TRUE(saida == LeArquivo(KX_RAIZ "/tests/dados/demo.txt"))
+      << "if it is meant to differ: for n in examples/notas/*.xml; do build/release/bin/kxdados "
+         "importa --campos - <$n; done >tests/dados/demo.txt";
+}
+
+// Names of files and folders in any alphabet, as arguments and in what is written.
+TEST_F(FerramentaTeste, NomesAcentuados) {
+  const std::string caminho = Escreve("ação nº 1 – 日本.xml", NotaDeExemplo(kAtacado));
+  const Execucao arquivo = Executa({"importa", caminho});
+  EXPECT_EQ(arquivo.Status, 0) << arquivo.Erros;
+  EXPECT_TRUE(arquivo.Saida.starts_with(caminho + ": nota ")) << arquivo.Saida;
+  EXPECT_EQ(Executa({"importa", (_pasta / "notas").string()}).Saida, arquivo.Saida);
+  EXPECT_EQ(Executa({"importa", caminho + "ã"}).Erros, caminho + "ã: arquivo: não existe\n");
+}
+
 // The same invoice in other encodings and wrappings gives the same entry.
 TEST_F(FerramentaTeste, FormasDeUmaNota) {
   const std::string latin1 = NotaDeExemplo(kLotes);

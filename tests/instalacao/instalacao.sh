@@ -80,6 +80,30 @@ caso_instalacao() {
   kxdados --versao
 }
 
+# The ZIP, by the toolchain that made it: the consumer runs beside the library, as it would ship.
+caso_windows() {
+  local cmake_ferramentas=$FONTE/../../cmake zip raiz pasta=$LUGAR/consumidor relato
+  rm -rf "$LUGAR" "$CONSTRUIDO"/*.zip
+  mkdir -p "$LUGAR"
+  (cd "$CONSTRUIDO" && cpack)
+  zip=$(echo "$CONSTRUIDO"/kxldadoscm-*-windows-x64.zip)
+  (cd "$LUGAR" && cmake -E tar xf "$zip")
+  raiz=$LUGAR/$(basename "$zip" .zip)
+  cmake -S "$FONTE/consumidor" -B "$pasta" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_TOOLCHAIN_FILE="$cmake_ferramentas/FerramentasWindows.cmake" \
+    -Dkxldadoscm_DIR="$raiz/lib/cmake/kxldadoscm" -DKX_BIBLIOTECA=kxldadoscm::kxldadoscm \
+    -DKX_CABECALHOS="$raiz/include/kxldadoscm"
+  cmake --build "$pasta"
+  cp "$pasta/consumidor.exe" "$raiz/bin"
+  cd "$raiz"
+  consome() { "$cmake_ferramentas/wine.sh" "$@"; }
+  consome bin/consumidor.exe || falha "step $? of consumidor.cpp"
+  relato=$(consome bin/kxdados.exe importa "$FONTE"/../../examples/notas/*.xml)
+  [[ $(grep -cE ': nota [0-9]+, série' <<<"$relato") == 3 ]] ||
+    falha "three invoices, but: $relato"
+  contem "$(cat licencas/*.txt)" 'GCC RUNTIME LIBRARY EXCEPTION' "no licence of the runtime"
+}
+
 caso_pacotes() {
   rm -rf "$LUGAR" "$CONSTRUIDO"/*.deb
   mkdir -p "$RAIZ"

@@ -3,7 +3,9 @@
 #include <mutex>
 #include <stdexcept>
 
-#define EXPORTA extern "C" __attribute__((visibility("default")))
+#include "platform/Exporta.h"
+
+#define EXPORTA extern "C" KX_API
 
 EXPORTA KXMensEstado KXMensFalsaEstado;
 KXMensEstado KXMensFalsaEstado;

@@ -1,11 +1,11 @@
 // The message library of the tests: it keeps the reports that it receives.
 #pragma once
 
-#include <dlfcn.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "platform/Plataforma.h"
 
 struct KXMensRelato {
   std::int32_t codigo, largura, tamanho;
@@ -22,19 +22,23 @@ struct KXMensEstado {
   bool Descarta = false;  // it keeps none, and so takes no memory
 };
 
+// Whether the process has the message library loaded, asked of the system (tests/sistema).
+bool MensagensCarregada();
+
 // Keeps the message library loaded, so that its reports outlive each load and unload.
 class Mensagens {
  public:
-  Mensagens() : _biblioteca(dlopen("libKXMens.so", RTLD_NOW | RTLD_LOCAL)) {}
+  Mensagens() : _biblioteca(kx::plataforma::CarregaBiblioteca("KXMens")) {}
   Mensagens(const Mensagens&) = delete;
   Mensagens& operator=(const Mensagens&) = delete;
   ~Mensagens() {
-    if (_biblioteca != nullptr) dlclose(_biblioteca);
+    if (_biblioteca != nullptr) kx::plataforma::DescarregaBiblioteca(_biblioteca);
   }
 
   bool Carregada() const { return _biblioteca != nullptr; }
   KXMensEstado& Estado() const {
-    return *static_cast<KXMensEstado*>(dlsym(_biblioteca, "KXMensFalsaEstado"));
+    return *static_cast<KXMensEstado*>(
+        kx::plataforma::EntradaDaBiblioteca(_biblioteca, "KXMensFalsaEstado"));
   }
   const std::vector<KXMensRelato>& Relatos() const { return Estado().Relatos; }
 

@@ -1,11 +1,22 @@
 #!/usr/bin/env bash
-# Compares what the shared library exports with the list checked in.
+# Compares what the shared library, of either system, exports with the list checked in.
 # usage: simbolos.sh LIBRARY LIST [--renova]
 set -euo pipefail
 
+nomes() {
+  case $1 in
+    *.dll)
+      x86_64-w64-mingw32-objdump -p "$1" |
+        awk '/^\[Ordinal\/Name Pointer\]/ { dentro = 1; next } !NF { dentro = 0 } dentro { print $NF }' |
+        c++filt
+      ;;
+    *) nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]+ . //' ;;
+  esac
+}
+
 lista() {
   printf '# What the shared library exports; renewed by ./dev symbols.\n'
-  nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]+ . //' | LC_ALL=C sort -u
+  nomes "$1" | LC_ALL=C sort -u
 }
 
 if [[ ${3:-} == --renova ]]; then

@@ -165,7 +165,7 @@ TYPED_TEST(SemRegistro, ClasseDeExecucaoECopiaDeSiOuDeNada) {
 
 TEST(Base, ChecksumELinhaAcompanhamACopiaENaoAIgualdade) {
   CKXDadosCM_RateioBase origem;
-  origem.Set_CRC(0xFFFFFFFFFUL);
+  origem.Set_CRC(static_cast<unsigned long>(0xFFFFFFFFFULL));
   origem.SetLinhaArquivoImportacao(-7);
   CKXDadosCM_RateioBase copia;
   EXPECT_TRUE(copia == origem);

@@ -1,10 +1,8 @@
 // Many threads at once: each with objects of its own, among faults of the guarded copy, and all at
 // the first use of what the library makes or installs only then.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <barrier>
 #include <string>
 #include <thread>
 #include <vector>
@@ -153,17 +151,35 @@ constexpr PrimeiroUso kPrimeirosUsos[] = {
     },
 };
 
+// Lets the threads go once all have come, as close together as can be. (MinGW's std::barrier loses
+// one of them now and then.)
+class Largada {
+ public:
+  void Espera() {
+    const unsigned vez = _vez;
+    if (++_chegaram == kFios) {
+      _chegaram = 0;
+      ++_vez;
+    }
+    while (_vez == vez) std::this_thread::yield();
+  }
+
+ private:
+  std::atomic<unsigned> _chegaram = 0;
+  std::atomic<unsigned> _vez = 0;
+};
+
 // Ends the process, which is a fresh one: nothing was used before.
 [[noreturn]] void UsaTudoPelaPrimeiraVez(const apoio::Paginas& paginas) {
   std::atomic<int> erros = 0;
-  std::barrier largada(kFios);
+  Largada largada;
   EmCadaFio([&](unsigned) {
     for (const PrimeiroUso usa : kPrimeirosUsos) {
-      largada.arrive_and_wait();
+      largada.Espera();
       if (!usa(paginas)) ++erros;
     }
   });
-  _exit(erros == 0 ? 0 : 1);
+  std::_Exit(erros == 0 ? 0 : 1);
 }
 
 TEST(FiosDeathTest, PrimeiroUsoAoMesmoTempo) {

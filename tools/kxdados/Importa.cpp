@@ -16,6 +16,7 @@
 #include "ImportaCTe.h"
 #include "ImportaNFe.h"
 #include "Relatorio.h"
+#include "Sistema.h"
 
 namespace kxdados {
 
@@ -120,7 +121,7 @@ class Importacao {
     if (_opcoes.Caminhos.empty()) Arquivo("-");
     for (const std::string& caminho : _opcoes.Caminhos) {
       std::error_code ignorado;
-      if (fs::is_directory(caminho, ignorado)) {
+      if (fs::is_directory(Caminho(caminho), ignorado)) {
         Pasta(caminho);
       } else {
         Arquivo(caminho);
@@ -139,12 +140,13 @@ class Importacao {
   void Pasta(const std::string& pasta) {
     std::error_code erro;
     std::vector<std::string> arquivos;
-    for (fs::directory_iterator i(pasta, erro), fim; !erro && i != fim; i.increment(erro)) {
-      std::string extensao = i->path().extension().string();
+    for (fs::directory_iterator i(Caminho(pasta), erro), fim; !erro && i != fim;
+         i.increment(erro)) {
+      std::string extensao = Texto(i->path().extension());
       std::transform(extensao.begin(), extensao.end(), extensao.begin(),
                      [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
       std::error_code ignorado;
-      if (extensao == ".xml" && !i->is_directory(ignorado)) arquivos.push_back(i->path().string());
+      if (extensao == ".xml" && !i->is_directory(ignorado)) arquivos.push_back(Texto(i->path()));
     }
     if (erro) return Erro(pasta, Falha("pasta", "não pode ser lida"));
     if (arquivos.empty()) return Erro(pasta, Falha("pasta", "não há nela nenhum arquivo .xml"));
@@ -181,7 +183,7 @@ class Importacao {
 
   std::string Le(const std::string& caminho) const {
     if (caminho == "-") return Le(std::cin);
-    std::ifstream arquivo(caminho, std::ios::binary);
+    std::ifstream arquivo(Caminho(caminho), std::ios::binary);
     if (!arquivo) {
       throw Falha("arquivo", errno == ENOENT ? "não existe" : "não pode ser aberto");
     }

@@ -10,6 +10,7 @@
 
 #include "Classes.h"
 #include "Leiaute.h"
+#include "Sistema.h"
 #include "compras/KXDadosCompras.h"
 
 namespace kxdados {
@@ -215,10 +216,10 @@ std::vector<std::pair<std::string, std::string>> Paginas() {
 
 bool EscreveReferencia(const std::string& pasta) {
   std::error_code falha;  // shown by the first page, which cannot be written then
-  fs::create_directories(fs::path(pasta) / kPasta, falha);
+  fs::create_directories(Caminho(pasta) / kPasta, falha);
   const auto paginas = Paginas();
   return std::all_of(paginas.begin(), paginas.end(), [&pasta](const auto& pagina) {
-    return Grava(fs::path(pasta) / pagina.first, pagina.second);
+    return Grava(Caminho(pasta) / pagina.first, pagina.second);
   });
 }
 

@@ -1,6 +1,7 @@
 // kxdados: imports electronic invoices as goods-receipt entries and electronic freight bills as
 // freight bills, and shows the layout of records.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <exception>
 #include <filesystem>
@@ -9,11 +10,13 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Importa.h"
 #include "Leiaute.h"
 #include "Referencia.h"
+#include "Sistema.h"
 #include "compras/KXDadosCompras.h"
 
 namespace {
@@ -82,7 +85,7 @@ CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados&
 CLI::Validator Pasta() {
   const auto confere = [](const std::string& texto) -> std::string {
     std::error_code ignorado;
-    if (std::filesystem::is_directory(texto, ignorado)) return {};
+    if (std::filesystem::is_directory(kxdados::Caminho(texto), ignorado)) return {};
     return "não é uma pasta: " + texto;
   };
   return {confere, ""};
@@ -131,14 +134,9 @@ int Termina(const CLI::App& app, const CLI::ParseError& erro) {
   return kErroDeUso;
 }
 
-// Without arguments a terminal would be waited for.
-bool EntradaEhTerminal() {
-  std::error_code ignorado;
-  return std::filesystem::is_character_file("/dev/stdin", ignorado);
-}
-
 int ExecutaImporta(kxdados::OpcoesImporta& opcoes, const Digitados& digitados) {
-  if (opcoes.Caminhos.empty() && EntradaEhTerminal()) {
+  // Without arguments a terminal would be waited for.
+  if (opcoes.Caminhos.empty() && kxdados::EntradaEhTerminal()) {
     std::cerr << "kxdados: uso: informe um arquivo, uma pasta ou - (veja kxdados --help)\n";
     return kErroDeUso;
   }
@@ -159,12 +157,14 @@ int ExecutaLeiaute(const std::string& registro, const std::string& pasta) {
 }
 
 int Executa(int argc, char** argv) {
+  const kxdados::FluxosPadrao fluxos;
   CLI::App app("Ferramenta dos dados de compras");
   app.name("kxdados");
   app.set_version_flag("--versao", std::string("kxdados ") + KXDadosComprasVersao(),
                        "Mostra a versão e termina")
       ->group("Opções");
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // what begins with a slash is a path, on every system
   Traduz(app);
   kxdados::OpcoesImporta opcoes;
   Digitados digitados;
@@ -172,8 +172,10 @@ int Executa(int argc, char** argv) {
   std::string pasta;
   const CLI::App* importa = MontaImporta(app, opcoes, digitados);
   MontaLeiaute(app, registro, pasta);
+  std::vector<std::string> argumentos = kxdados::Argumentos(argc, argv);
+  std::reverse(argumentos.begin(), argumentos.end());  // as the parser takes them
   try {
-    app.parse(argc, argv);
+    app.parse(std::move(argumentos));
   } catch (const CLI::ParseError& erro) {
     return Termina(app, erro);
   }

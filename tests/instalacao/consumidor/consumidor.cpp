@@ -1,6 +1,7 @@
 // Fills an order, converts it to its record and back, compares and releases: a little of everything
 // that an installed library must be able to do. The exit status is the step that failed.
 #include <cstdio>
+#include <exception>
 #include <stdexcept>
 
 #include "compras/KXDadosCompras.h"
@@ -29,6 +30,7 @@ int main() {
     return 5;
   } catch (const std::out_of_range&) {
   }
+  if (std::uncaught_exceptions() != 0) return 8;  // both sides count them in one place
   const TKXBaseParaDados& base = copia;
   if (dynamic_cast<const CKXDadosCM_OrdemCompra*>(&base) == nullptr) return 6;
   if (KXProcuraRegistro("tagREG_ORDEMPS") == nullptr) return 7;
