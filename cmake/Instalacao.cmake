@@ -39,6 +39,18 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/kxldadoscm.pc.in kxldadoscm.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kxldadoscm.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT desenvolvimento)
 
+# The pages and the examples, beside each other as in the project, so that their links hold.
+set(pasta ${CMAKE_INSTALL_DATADIR}/doc/kxldadoscm)
+if(KX_PACOTES)
+  set(pasta ${CMAKE_INSTALL_DATADIR}/doc/libkxldadoscm-dev)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LEIAME.md
+              ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+        DESTINATION ${pasta} COMPONENT desenvolvimento)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${pasta} COMPONENT desenvolvimento
+        FILES_MATCHING PATTERN "*.md" PATTERN doxygen EXCLUDE)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${pasta} COMPONENT desenvolvimento)
+
 if(KX_FERRAMENTAS)
   install(TARGETS kxdados COMPONENT ferramentas)
 endif()

@@ -45,7 +45,7 @@ set(CPACK_DEBIAN_DESENVOLVIMENTO_PACKAGE_DEPENDS "${pacote_biblioteca} (= ${vers
 set(CPACK_DEBIAN_DESENVOLVIMENTO_DESCRIPTION
     "data objects of the purchasing module (development files)
 C++20 headers, the static library, and the files by which CMake and
-pkg-config find the library.")
+pkg-config find the library; its pages and examples.")
 set(CPACK_DEBIAN_FERRAMENTAS_PACKAGE_NAME ${pacote_ferramentas})
 set(CPACK_DEBIAN_FERRAMENTAS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_FERRAMENTAS_PACKAGE_DEPENDS "${pacote_biblioteca} (= ${versao})")

@@ -100,9 +100,9 @@ inline constexpr bool kDireta = requires {
   static constexpr bool kConversaoDireta = true;             \
   const Classe& CopiarPara(Reg* destino) const;
 
-// The definitions, in the source of the room that is named as it is (DadosRE.cpp), where kFonte is
-// that name. De is the allocator of CopiarPara. BaseDeExecucao is what _GetBaseClass reports: the
-// base that callers have always been told, which for some classes is not the C++ base.
+// The definitions, in the one source that bears the room's name ("DadosRE"), which kFonte holds. De
+// is the allocator of CopiarPara. BaseDeExecucao is what _GetBaseClass reports: the base that callers
+// have always been told, which for some classes is not the C++ base.
 #define KX_IMPLEMENTA(Classe, BaseDeExecucao, De) \
   KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)  \
   KX_IMPLEMENTA_LIBERACAO(Classe)                 \

@@ -1,6 +1,5 @@
 // What hangs from a record, child arrays and texts: where its memory comes from, how a text is
-// written and read, and how all of it is released. Arrays of elements are written by core/Escrita.h
-// and read by core/Leitura.h.
+// written and read, and how all of it is released.
 //
 // A record owns its arrays. An array hangs in the record from the moment it exists, and its count
 // covers exactly the elements that have been begun; every element begins with a block copy that

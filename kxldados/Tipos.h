@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "platform/Exporta.h"
 #include "platform/TiposDoSistema.h"
 
 static_assert(sizeof(void*) == 8, "records hold 8-byte pointers: 64-bit targets only");

@@ -2,6 +2,11 @@
 // KX_CONSTROI is defined while the library is built, KX_ESTATICA by whoever links it statically.
 #pragma once
 
+// The only way to end a compilation with one line on every compiler: a file that is not there.
+#if (defined(_MSVC_LANG) ? _MSVC_LANG : __cplusplus) < 202002L
+#include "kxldadoscm: these headers are C++20: compile with -std=c++20 or /std:c++20"
+#endif
+
 // KX_LOCAL takes back from the export what an exported class has for the library's own sources: its
 // template members, which the compiler would export or not as it pleases.
 #if defined(KX_ESTATICA)

@@ -1,6 +1,5 @@
 // What the library asks of the operating system. One source implements this header for each
-// system (PlataformaPosix.cpp, PlataformaWindows.cpp), chosen by the build; no other source names
-// a system.
+// system, chosen by the build; no other source names a system.
 //
 // None of these functions throws. All may be called from several threads at once.
 #pragma once

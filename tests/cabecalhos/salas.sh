@@ -35,7 +35,7 @@ for sala in "${!nivel[@]}"; do
     elif [[ ${incluido%%/*} != "$sala" ]] && ((acima >= nivel[$sala])); then
       falha "$arquivo:$linha: includes $incluido, which is not below $sala"
     fi
-  done < <(grep -rnoP '^#include "\K[^"]+' "$sala" --include='*.h' --include='*.cpp')
+  done < <(grep -rnoP '^#include "\K[a-z]+/[^"]+' "$sala" --include='*.h' --include='*.cpp')
 done
 
 if [[ $(grep -rlE '^#include <(windows|objbase|dlfcn|unistd|signal|sys/)' "${!nivel[@]}" |

@@ -71,10 +71,24 @@ cabecalhos_instalados() {
   diff <(echo "$esperados") <(echo "$instalados") || falha "headers in the tree < > installed"
 }
 
+# documentos_instalados FOLDER: every link of a page leads to a file, and every file of the library
+# that a header names is there.
+documentos_instalados() {
+  local pagina destino cabecalho nome
+  while IFS=: read -r pagina destino; do
+    [[ -e ${pagina%/*}/$destino ]] || falha "$pagina leads to $destino, which is not installed"
+  done < <(grep -roP '\]\(\K[^)#:]+(?=[)#])' "$1" --include='*.md')
+  while IFS=: read -r cabecalho nome; do
+    [[ -e $USR/include/kxldadoscm/$nome || -e ${cabecalho%/*}/$nome ]] ||
+      falha "$cabecalho names $nome, which is not installed"
+  done < <(grep -roP '\b[A-Za-z_]+(/[A-Za-z_]+)*\.(h|def|cpp|md|py)\b' "$USR/include/kxldadoscm")
+}
+
 caso_instalacao() {
   rm -rf "$LUGAR"
   cmake --install "$CONSTRUIDO" --prefix "$USR" >/dev/null
   cabecalhos_instalados
+  documentos_instalados "$USR/share/doc/kxldadoscm"
   consome_cmake "$USR" kxldadoscm::kxldadoscm
   sem_caminho
   kxdados --versao
@@ -115,6 +129,29 @@ caso_pacotes() {
     awk '$1 !~ /^d/ {print $6}' | sort | uniq -d)
   [[ -z $repetidos ]] || falha "in more than one package: $repetidos"
   cabecalhos_instalados
+  documentos_instalados "$USR/share/doc/libkxldadoscm-dev"
+}
+
+# The examples, where they lie, against what is installed.
+caso_pacotes_exemplos() {
+  cmake -S "$USR/share/doc/libkxldadoscm-dev/examples" -B "$LUGAR/$CASO" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_PREFIX_PATH="$USR"
+  cmake --build "$LUGAR/$CASO"
+  ctest --test-dir "$LUGAR/$CASO" --no-tests=error
+}
+
+# Into a system of its own, and out of it again.
+caso_pacotes_remocao() {
+  local sistema=$LUGAR/$CASO sobra
+  local opcoes=(--root="$sistema" --force-depends --force-not-root --force-script-chrootless)
+  rm -rf "$sistema"
+  mkdir -p "$sistema"/var/lib/dpkg/{info,updates}
+  touch "$sistema"/var/lib/dpkg/{status,available}
+  PATH=$PATH:/usr/sbin:/sbin dpkg "${opcoes[@]}" -i "$CONSTRUIDO"/*.deb
+  [[ -x $sistema/usr/bin/kxdados ]] || falha "not installed"
+  PATH=$PATH:/usr/sbin:/sbin dpkg "${opcoes[@]}" -P kxdados libkxldadoscm-dev libkxldadoscm1
+  sobra=$(find "$sistema" -path "$sistema/var" -prune -o -not -path "$sistema" -print)
+  [[ -z $sobra ]] || falha "left behind: $sobra"
 }
 
 caso_pacotes_campos() {
