@@ -60,10 +60,10 @@ class Alocadores : public ::testing::Test {
   }
 
   // Writes the object, looks at what hangs from the record, and releases it.
-  void Confere(const Classe& objeto, auto escreve, bool daTarefa) {
+  void Confere(Classe& objeto, auto escreve, bool daTarefa) {
     const long long vivas = apoio::AlocacoesVivas();
     REG registro{};
-    (objeto.*escreve)(&registro);
+    escreve(objeto, &registro);
     Origens origens;
     origens.Percorre(KXMetadados<REG>::kInfo, &registro);
     EXPECT_EQ(daTarefa ? origens.Array : origens.Tarefa, 0);
@@ -80,16 +80,15 @@ TYPED_TEST(Alocadores, CadaArrayETextoEDoSeu) {
   using REG = typename TypeParam::Registro;
   const std::string_view nome = TypeParam::GetThisClass()->m_lpszClassName;
   const bool daTarefa = nome.starts_with("CKXDadosCM_RE") || nome.starts_with("CKXDadosCM_CT");
-  using Escreve = const TypeParam& (TypeParam::*)(REG*) const;
   for (unsigned semente = 25; semente < 29; ++semente) {
     const apoio::RegistroAleatorio<REG> original(semente, true);
     TypeParam objeto;
     objeto.CopiarDe(&original.Reg);
-    if constexpr (requires { static_cast<Escreve>(&TypeParam::CopiarPara); }) {
-      this->Confere(objeto, static_cast<Escreve>(&TypeParam::CopiarPara), daTarefa);
-    }
-    if constexpr (requires { static_cast<Escreve>(&TypeParam::CopiarParaPS); }) {
-      this->Confere(objeto, static_cast<Escreve>(&TypeParam::CopiarParaPS), true);
+    this->Confere(
+        objeto, [](TypeParam& o, REG* r) { o.CopiarPara(r); }, daTarefa);
+    if constexpr (requires(REG * r) { objeto.CopiarParaPS(r); }) {
+      this->Confere(
+          objeto, [](TypeParam& o, REG* r) { o.CopiarParaPS(r); }, true);
     }
   }
 }

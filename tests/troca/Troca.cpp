@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tests/apoio/ClassesDeRegistro.h"
 #include "tests/apoio/RegistroAleatorio.h"
@@ -112,7 +113,7 @@ Classe ObjetoDaSemente(unsigned semente) {
 }
 
 template <class Classe>
-void Escreve(const Classe& objeto, Imagem& imagem) {
+void Escreve(Classe objeto, Imagem& imagem) {
   apoio::RegistroEscrito<typename Classe::Registro> escrito;
   objeto.CopiarPara(&escrito.Reg);
   imagem.Poe(KXMetadados<typename Classe::Registro>::kInfo,
@@ -131,7 +132,7 @@ void Confere(unsigned semente, Imagem& recebida, Imagem& refeita) {
     throw std::runtime_error(std::string("another object: ") +
                              Classe::GetThisClass()->m_lpszClassName);
   }
-  Escreve(objeto, refeita);
+  Escreve(std::move(objeto), refeita);
 }
 
 template <class... Classes>
