@@ -69,10 +69,10 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   // Records without a level above become children of this node, in source order. The others follow
   // their parents, each attached as its parent's last child as soon as it can be, the first in the
   // source first. Records whose parent is missing, or that name each other, are left out without a
-  // message. Of several nodes with the key of a parent, the one in the index takes the children, and
-  // when the index has none, the first in pre-order: the children of this node enter the index, and
-  // those attached by pre-order, each in place of what was there; those attached by the index do
-  // not. The cost is linear in the number of records, in any order of them.
+  // message. Of several nodes with the key of a parent, the one in the index takes the children,
+  // and when the index has none, the first in pre-order: the children of this node enter the index,
+  // and those attached by pre-order, each in place of what was there; those attached by the index
+  // do not. The cost is linear in the number of records, in any order of them.
   //
   // A null list, a count that is not positive and a null array give an empty node; rules that
   // cannot be read end the list.

@@ -101,8 +101,8 @@ inline constexpr bool kDireta = requires {
   const Classe& CopiarPara(Reg* destino) const;
 
 // The definitions, in the one source that bears the room's name ("DadosRE"), which kFonte holds. De
-// is the allocator of CopiarPara. BaseDeExecucao is what _GetBaseClass reports: the base that callers
-// have always been told, which for some classes is not the C++ base.
+// is the allocator of CopiarPara. BaseDeExecucao is what _GetBaseClass reports: the base that
+// callers have always been told, which for some classes is not the C++ base.
 #define KX_IMPLEMENTA(Classe, BaseDeExecucao, De) \
   KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)  \
   KX_IMPLEMENTA_LIBERACAO(Classe)                 \

@@ -63,8 +63,9 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CString, ObservacaoFisco)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, CIEVinculo, Vinculo)
   // Work values of the data-entry programs, which the library carries and never reads. While one of
-  // the three Ignorar... flags is set, the program leaves out a check before it saves: that products
-  // are linked to purchase orders, that the products have one destination, that the services have.
+  // the three Ignorar... flags is set, the program leaves out a check before it saves: that
+  // products are linked to purchase orders, that the products have one destination, that the
+  // services have.
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::uint32_t, FornecedorRecebimento)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarVerificacaoAssocicaoOCProduto)
   KX_MEMBRO(CKXDadosCM_RERegistroEntrada, std::int32_t, IgnorarDestinosDiferentesProduto)

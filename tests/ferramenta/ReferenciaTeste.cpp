@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "Execucao.h"
-#include "tests/apoio/ClassesDeRegistro.h"
+#include "tests/apoio/Classes.h"
 
 namespace fs = std::filesystem;
 
@@ -86,11 +86,6 @@ std::set<std::string> Nomes(const char* arquivo, const std::string& de, const st
   return nomes;
 }
 
-template <class... C>
-std::vector<std::pair<std::string, std::string>> ClassesERegistros(testing::Types<C...>) {
-  return {{C::GetThisClass()->m_lpszClassName, KXMetadados<typename C::Registro>::kInfo.Nome}...};
-}
-
 }  // namespace
 
 TEST_F(FerramentaTeste, PaginasDosRegistrosEmDia) {
@@ -100,10 +95,11 @@ TEST_F(FerramentaTeste, PaginasDosRegistrosEmDia) {
   EXPECT_EQ(Diferentes(escritas, guardadas), "") << "run: kxdados leiaute --tudo docs";
   EXPECT_EQ(Diferentes(guardadas, escritas), "") << "pages of no record are to be removed";
 
-  for (const auto& [classe, registro] : ClassesERegistros(apoio::ClassesDeRegistro{})) {
-    EXPECT_NE(escritas.at(registro + ".md").find("- `" + classe + "`, `#include \""),
+  for (const apoio::Classe& classe : apoio::ClassesDeRegistro()) {
+    const std::string pagina = classe.Info->Nome + std::string(".md");
+    EXPECT_NE(escritas.at(pagina).find("- `" + std::string(classe.Nome) + "`, `#include \""),
               std::string::npos)
-        << classe << " is missing in the page of " << registro;
+        << classe.Nome << " is missing in " << pagina;
   }
   // Wider than other counts, of a record without accessors; and a getter by value.
   EXPECT_NE(escritas.at("tagREG_CM_LE_LISTA_AC_CMSAUTPS.md").find("| 0 | 4 | `int32` | `QtdAC` |"),

@@ -8,35 +8,18 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 
-#include "tests/apoio/ClassesDeRegistro.h"
+#include "tests/apoio/Classes.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
 
+using apoio::Classe;
+using apoio::Lido;
+using apoio::Objeto;
+using apoio::Registro;
+
 constexpr unsigned kSementes = 5;
-
-template <class T>
-T Lido(const unsigned char* onde) {
-  T valor{};
-  std::memcpy(&valor, onde, sizeof(valor));
-  return valor;
-}
-
-// Where the pointer of a row lies, for a row that has one.
-const unsigned char* Ponteiro(const KXCampo& campo, const unsigned char* registro) {
-  switch (campo.Papel) {
-    case KXPapel::Lista:
-    case KXPapel::Corrido:
-    case KXPapel::Terminado:
-      return registro + campo.Posicao;
-    case KXPapel::Contado:
-      return registro + campo.Posicao + offsetof(KXStringPS, Texto);
-    default:
-      return nullptr;
-  }
-}
 
 // The record without its pointers, and after it, for each of them, what it led to: a size, and
 // elements in the same form, or characters.
@@ -48,7 +31,7 @@ class Imagem {
     const std::size_t inicio = Bytes.size();
     Bytes.append(reinterpret_cast<const char*>(registro), info.Tamanho);
     for (const KXCampo& campo : info.Campos) {
-      const unsigned char* const ponteiro = Ponteiro(campo, registro);
+      const unsigned char* const ponteiro = apoio::PonteiroDe(campo, registro);
       if (ponteiro == nullptr) continue;
       const auto alvo = Lido<const unsigned char*>(ponteiro);
       std::memset(&Bytes[inicio + static_cast<std::size_t>(ponteiro - registro)], 0, sizeof(alvo));
@@ -68,12 +51,12 @@ class Imagem {
   void Tira(const KXRegistroInfo& info, unsigned char* registro) {
     std::memcpy(registro, Fatia(info.Tamanho), info.Tamanho);
     for (const KXCampo& campo : info.Campos) {
-      const unsigned char* const ponteiro = Ponteiro(campo, registro);
+      unsigned char* const ponteiro = apoio::PonteiroDe(campo, registro);
       if (ponteiro == nullptr) continue;
       const auto tamanho = Lido<std::uint32_t>(Fatia(sizeof(std::uint32_t)));
       if (tamanho == 0) continue;
       auto* const alvo = kx::AlocaArray<unsigned char>(kx::Alocador::Tarefa, tamanho);
-      std::memcpy(registro + (ponteiro - registro), &alvo, sizeof(alvo));
+      apoio::Poe(ponteiro, alvo);
       if (campo.Papel != KXPapel::Lista) {
         std::memcpy(alvo, Fatia(tamanho), tamanho);
         continue;
@@ -104,50 +87,36 @@ class Imagem {
   std::size_t _lidos = 0;
 };
 
-template <class Classe>
-Classe ObjetoDaSemente(unsigned semente) {
-  const apoio::RegistroAleatorio<typename Classe::Registro> registro(semente, true);
-  Classe objeto;
-  objeto.CopiarDe(&registro.Reg);
-  return objeto;
+void Escreve(const Classe& classe, const Objeto& objeto, Imagem& imagem) {
+  Registro escrito(*classe.Info);
+  objeto.CopiarPara(escrito.Bytes());
+  imagem.Poe(*classe.Info, escrito.Bytes());
 }
 
-template <class Classe>
-void Escreve(Classe objeto, Imagem& imagem) {
-  apoio::RegistroEscrito<typename Classe::Registro> escrito;
-  objeto.CopiarPara(&escrito.Reg);
-  imagem.Poe(KXMetadados<typename Classe::Registro>::kInfo,
-             reinterpret_cast<const unsigned char*>(&escrito.Reg));
-}
-
-template <class Classe>
-void Confere(unsigned semente, Imagem& recebida, Imagem& refeita) {
-  apoio::RegistroEscrito<typename Classe::Registro> recebido;
-  std::memset(&recebido.Reg, 0, sizeof(recebido.Reg));
-  recebida.Tira(KXMetadados<typename Classe::Registro>::kInfo,
-                reinterpret_cast<unsigned char*>(&recebido.Reg));
-  Classe objeto;
-  objeto.CopiarDe(&recebido.Reg);
-  if (!(objeto == ObjetoDaSemente<Classe>(semente))) {
-    throw std::runtime_error(std::string("another object: ") +
-                             Classe::GetThisClass()->m_lpszClassName);
+void Confere(const Classe& classe, const Objeto& esperado, Imagem& recebida, Imagem& refeita) {
+  Registro recebido(*classe.Info);
+  std::memset(recebido.Bytes(), 0, classe.Info->Tamanho);
+  recebida.Tira(*classe.Info, recebido.Bytes());
+  const Objeto objeto(classe, recebido.Bytes());
+  if (!(objeto == esperado)) {
+    throw std::runtime_error(std::string("another object: ") + classe.Nome);
   }
-  Escreve(std::move(objeto), refeita);
+  Escreve(classe, objeto, refeita);
 }
 
-template <class... Classes>
-void ParaCada(::testing::Types<Classes...>, auto acao) {
+void ParaCada(auto acao) {
   for (unsigned semente = 0; semente < kSementes; ++semente) {
-    (acao.template operator()<Classes>(semente), ...);
+    for (const Classe& classe : apoio::ClassesDeRegistro()) {
+      const Registro registro(*classe.Info, semente, true);
+      acao(classe, Objeto(classe, registro.Bytes()));
+    }
   }
 }
 
 void Executa(std::string_view verbo, const char* caminho) {
   Imagem imagem;
   if (verbo == "escreve") {
-    ParaCada(apoio::ClassesDeRegistro(), [&]<class Classe>(unsigned semente) {
-      Escreve(ObjetoDaSemente<Classe>(semente), imagem);
-    });
+    ParaCada([&](const Classe& classe, const Objeto& objeto) { Escreve(classe, objeto, imagem); });
     if (!(std::ofstream(caminho, std::ios::binary) << imagem.Bytes)) {
       throw std::runtime_error("cannot write the image");
     }
@@ -156,8 +125,9 @@ void Executa(std::string_view verbo, const char* caminho) {
   std::ifstream arquivo(caminho, std::ios::binary);
   imagem.Bytes.assign(std::istreambuf_iterator<char>(arquivo), {});
   Imagem refeita;
-  ParaCada(apoio::ClassesDeRegistro(),
-           [&]<class Classe>(unsigned semente) { Confere<Classe>(semente, imagem, refeita); });
+  ParaCada([&](const Classe& classe, const Objeto& objeto) {
+    Confere(classe, objeto, imagem, refeita);
+  });
   if (!imagem.Acabou() || refeita.Bytes != imagem.Bytes) {
     throw std::runtime_error("other bytes came back");
   }

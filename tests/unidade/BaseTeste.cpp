@@ -138,31 +138,6 @@ TEST(Base, PadroesDosGanchos) {
   EXPECT_EQ(base.OnGetVersao(), 1);
 }
 
-template <class Classe>
-class SemRegistro : public ::testing::Test {};
-using ClassesSemRegistro =
-    ::testing::Types<CIEVinculo, TKXConsisteRetorno, CKXDadosCM_ConsisteRetorno,
-                     CKXDadosCM_RateioBase, CKXDadosCM_CondicaoPagamento, CKXDadosCM_REItemBase,
-                     CKXDadosCM_REQualEntradaEstoque, CKXDadosCM_REQualEntradaEstoqueTipo,
-                     CKXDadosCM_ACThread, CKXDadosCM_ACTreeAutorizacaoCompra>;
-TYPED_TEST_SUITE(SemRegistro, ClassesSemRegistro);
-
-TYPED_TEST(SemRegistro, ClasseDeExecucaoECopiaDeSiOuDeNada) {
-  TypeParam objeto;
-  EXPECT_EQ(objeto.GetRuntimeClass(), TypeParam::GetThisClass());
-  EXPECT_EQ(TypeParam::GetThisClass()->m_nObjectSize, sizeof(TypeParam));
-  EXPECT_TRUE(objeto.IsKindOf(TKXBaseParaDados::GetThisClass()));
-  EXPECT_FALSE(objeto.IsKindOf(CKXDadosCM_Parcela::GetThisClass()));
-  EXPECT_FALSE(objeto.IsKindOf(nullptr));
-
-  TypeParam& mesmo = objeto;
-  objeto = mesmo;
-  objeto = std::move(mesmo);
-  objeto.Copiar(nullptr);
-  EXPECT_TRUE(objeto == TypeParam());
-  EXPECT_TRUE(objeto.EstaVazio());
-}
-
 TEST(Base, ChecksumELinhaAcompanhamACopiaENaoAIgualdade) {
   CKXDadosCM_RateioBase origem;
   origem.Set_CRC(static_cast<unsigned long>(0xFFFFFFFFFULL));

@@ -15,14 +15,6 @@ using Classificacao = CKXDadosCM_CCClassificacao;
 using Parcela = CKXDadosCM_CCParcela;
 using Escrito = apoio::RegistroEscrito<tagREG_CONTRATO_COMPRAPS>;
 
-Contrato IdaEVolta(const Contrato& contrato) {
-  Escrito escrito;
-  contrato.CopiarPara(&escrito.Reg);
-  Contrato volta;
-  volta.CopiarDe(&escrito.Reg);
-  return volta;
-}
-
 // A percentage, a value and the two calculations between them, of either class.
 struct Par {
   const char* Nome;
@@ -121,23 +113,6 @@ TEST(ContratoCalculos, ExemplosDeMesa) {
   EXPECT_EQ(parcela.CalculaValorMultas(CKXCurrencyEx::DeInteiro(300)), CY{999999});
 }
 
-TEST(Contrato, ValoresDerivadosNaoViajamEORestoSim) {
-  const apoio::RegistroAleatorio<tagREG_CONTRATO_COMPRAPS> aleatorio(17);
-  Contrato contrato;
-  contrato.CopiarDe(&aleatorio.Reg);
-  contrato.AdicionaClassificacao(Classificacao().SetValorRateio(CY{1}));
-  contrato.AdicionaParcela(Parcela().SetValorJuros(CY{2}));
-  contrato.GetVinculo().SetTipo(3);
-  EXPECT_TRUE(Contrato(contrato) == contrato);
-  const Contrato volta = IdaEVolta(contrato);
-  EXPECT_FALSE(volta == contrato);
-  for (auto& rateio : contrato.GetListaClassificacao()) rateio.SetValorRateio(CY{0});
-  for (auto& parcela : contrato.GetListaParcela()) parcela.SetValorJuros(CY{0});
-  EXPECT_FALSE(volta == contrato);
-  contrato.SetVinculo(CIEVinculo());
-  EXPECT_TRUE(volta == contrato);
-}
-
 TEST(Contrato, TextosSaoPonteirosNulosQuandoVazios) {
   const std::string longo(70000, 'x');
   Escrito escrito;
@@ -155,23 +130,6 @@ TEST(Contrato, TextosSaoPonteirosNulosQuandoVazios) {
   EXPECT_TRUE(contrato.GetObservacao().IsEmpty());
   EXPECT_EQ(contrato.GetDescricaoContrato().Vista(), "obra");
   EXPECT_EQ(contrato.GetReg().TextoDescricaoContrato, nullptr);
-}
-
-TEST(Contrato, DescricoesDeAditivoEEtapaViajam) {
-  Contrato contrato;
-  contrato.AdicionaAditivo(CKXDadosCM_CCAditivo().SetDescricao("prazo maior"));
-  contrato.AdicionaExecucao(CKXDadosCM_CCExecucao().SetDescricao("alvenaria"));
-  Escrito escrito;
-  contrato.CopiarPara(&escrito.Reg);
-  EXPECT_EQ(escrito.Reg.ListaAditivo[0].TamanhoDescricao, 12);
-  EXPECT_STREQ(escrito.Reg.ListaAditivo[0].TextoDescricao, "prazo maior");
-  EXPECT_EQ(escrito.Reg.ListaExecucao[0].TamanhoDescricao, 10);
-  EXPECT_STREQ(escrito.Reg.ListaExecucao[0].TextoDescricao, "alvenaria");
-}
-
-TEST(Contrato, ValoresCalculadosContam) {
-  EXPECT_FALSE(Classificacao() == Classificacao().SetValorRateio(CY{1}));
-  EXPECT_FALSE(Parcela() == Parcela().SetValorJuros(CY{1}));
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace {
 using Solicitacao = CKXDadosCM_SCSolicitacaoCompra;
 using Item = CKXDadosCM_SCItem;
 using Fornecedor = CKXDadosCM_SCFornecedor;
-using Rateio = CKXDadosCM_SCRateio;
 using Escrito = apoio::RegistroEscrito<tagREG_SOLICITACAO_COMPRAPS>;
 
 CString TextoDe(std::size_t tamanho) {
@@ -44,41 +43,8 @@ TEST(Solicitacao, SoAObservacaoTemLimite) {
   EXPECT_EQ(escrito.Reg.ListaItem[0].TamanhoObservacao, 2601);
 }
 
-TEST(Solicitacao, TextoVazioETamanhoZeroEPonteiroNulo) {
-  Solicitacao solicitacao;
-  solicitacao.SetObservacao("entregar pela manha");
-  Escrito escrito;
-  solicitacao.CopiarPara(&escrito.Reg);
-  EXPECT_EQ(escrito.Reg.TamanhoLocalEntrega, 0);
-  EXPECT_EQ(escrito.Reg.TextoLocalEntrega, nullptr);
-  EXPECT_NE(escrito.Reg.TextoObservacao, nullptr);
-}
-
-TEST(Solicitacao, VinculoContaMasNaoViaja) {
-  Solicitacao a;
-  a.SetPonteiroFilial(3);
-  Solicitacao b = a;
-  b.GetRefVinculo().SetTipo(4);
-  EXPECT_FALSE(a == b);
-  Escrito escrito;
-  b.CopiarPara(&escrito.Reg);
-  b.CopiarDe(&escrito.Reg);
-  EXPECT_TRUE(a == b);
-}
-
 TEST(SolicitacaoItem, PosicaoDoProdutoSeComparaSemOsBytesReservados) {
   EXPECT_TRUE(Item().SetPosicaoProduto({0, 0, 0, 0, {1, 2, 3, 4, 5, 6}}) == Item());
-}
-
-TEST(SolicitacaoRateio, HistoricoSeComparaPelasTresPrimeirasLinhas) {
-  Rateio a;
-  a.SetComplementoHistorico("um\r\ndois\r\ntres\r\nquatro");
-  Rateio b;
-  b.SetComplementoHistorico("um\ndois\n\ntres\ncinco");
-  EXPECT_TRUE(a == b);
-  EXPECT_FALSE(a == Rateio().SetComplementoHistorico("um\ndois\nTRES"));
-  b.AdicionaGerencial(TKXGerencial().SetPonteiroGerencial(5));
-  EXPECT_FALSE(a == b);
 }
 
 TEST(SolicitacaoFornecedor, IdentidadeNaoEIgualdade) {

@@ -44,6 +44,7 @@ void ConfereSala(const std::string& sala, Nomes& documentados) {
     std::istringstream partes(linha);
     std::string nome;
     partes >> nome;
+    if (nome.find('.') != std::string::npos) continue;  // a part: VarreduraRegistrosTeste.cpp
     documentados.insert(nome);
     const KXRegistroInfo* const registro = KXProcuraRegistro(nome);
     ASSERT_NE(registro, nullptr) << nome;

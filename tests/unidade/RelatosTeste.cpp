@@ -8,7 +8,7 @@
 
 #include "oc/DadosOC.h"
 #include "re/DadosRE.h"
-#include "tests/apoio/ClassesDeRegistro.h"
+#include "tests/apoio/Classes.h"
 #include "tests/apoio/Paginas.h"
 #include "tests/mensagens/KXMensFalsa.h"
 
@@ -94,17 +94,14 @@ TEST_F(Relatos, TextoLongoApontaALinhaDoCampo) {
             std::string::npos);
 }
 
-template <class Classe>
-class Posicoes : public testing::Test {};
-TYPED_TEST_SUITE(Posicoes, apoio::ClassesDeRegistro);
-
-TYPED_TEST(Posicoes, SaoAsDaImplementacao) {
-  const std::string nome = TypeParam::GetThisClass()->m_lpszClassName;
-  const std::string fonte = TypeParam::kPosicao.Fonte;
-  std::string sala = fonte == "DadosCore" ? "core" : fonte.substr(5);
-  for (char& letra : sala) letra = static_cast<char>(std::tolower(letra));
-  const std::string linha = LinhaDoArquivo(sala + "/" + fonte + ".cpp", TypeParam::kPosicao.Linha);
-  EXPECT_NE(linha.find("(" + nome + ","), std::string::npos) << linha;
+TEST(Posicoes, SaoAsDaImplementacao) {
+  for (const apoio::Classe& classe : apoio::ClassesDeRegistro()) {
+    const std::string fonte = classe.Posicao->Fonte;
+    std::string sala = fonte == "DadosCore" ? "core" : fonte.substr(5);
+    for (char& letra : sala) letra = static_cast<char>(std::tolower(letra));
+    const std::string linha = LinhaDoArquivo(sala + "/" + fonte + ".cpp", classe.Posicao->Linha);
+    EXPECT_NE(linha.find("(" + std::string(classe.Nome) + ","), std::string::npos) << linha;
+  }
 }
 
 // What a caller's own class adds is cleared with the rest.

@@ -2,53 +2,46 @@
 // and Get returns it; texts at N - 1, N and N + 1 characters.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <utility>
 
-#include "core/Situacao.h"
-#include "tests/apoio/ClassesDeRegistro.h"
+#include "gerado/Cabecalhos.inc"
 
 namespace {
 
-template <class T>
-T Padrao() {
+using Base = TKXBaseParaDados;
+
+// The object, and the record in it.
+struct Alvo {
+  Base& Objeto;
+  const unsigned char* Registro;
+  std::size_t Tamanho;
+
+  std::string Copia() const { return {reinterpret_cast<const char*>(Registro), Tamanho}; }
+};
+
+void TestaCampo(const Alvo& alvo, const char* nome, std::size_t posicao, std::size_t largura,
+                bool (*acessa)(Base&, const void*)) {
   static unsigned char proximo = 1;
-  T valor;
-  for (std::size_t i = 0; i < sizeof(T); ++i) {
-    reinterpret_cast<unsigned char*>(&valor)[i] = proximo++;
-  }
-  return valor;
+  std::string esperado = alvo.Copia();
+  alignas(16) unsigned char valor[64];
+  for (std::size_t i = 0; i < largura; ++i) valor[i] = proximo++;
+  esperado.replace(posicao, largura, reinterpret_cast<const char*>(valor), largura);
+  EXPECT_TRUE(acessa(alvo.Objeto, valor)) << nome;
+  EXPECT_TRUE(alvo.Copia() == esperado) << nome;
 }
 
-// The record is `antes` but for the bytes at the offset, which are those given.
-template <class REG>
-bool SoMudou(REG antes, const REG& depois, std::size_t posicao, const void* bytes,
-             std::size_t quantos) {
-  std::memcpy(reinterpret_cast<unsigned char*>(&antes) + posicao, bytes, quantos);
-  return std::memcmp(&antes, &depois, sizeof(REG)) == 0;
-}
-
-template <class T, class Classe, class Grava, class Le>
-void TestaCampo(Classe& objeto, const char* nome, std::size_t posicao, Grava grava, Le le) {
-  const auto antes = objeto.GetReg();
-  const T valor = Padrao<T>();
-  EXPECT_EQ(&grava(objeto, valor), &objeto) << nome;
-  EXPECT_TRUE(le(objeto) == valor && le(std::as_const(objeto)) == valor) << nome;
-  EXPECT_TRUE(SoMudou(antes, objeto.GetReg(), posicao, &valor, sizeof(valor))) << nome;
-}
-
-template <class Classe, class Grava, class Le>
-void TestaTexto(Classe& objeto, const char* nome, std::size_t posicao, std::size_t largura,
-                Grava grava, Le le) {
+void TestaTexto(const Alvo& alvo, const char* nome, std::size_t posicao, std::size_t largura,
+                bool (*acessa)(Base&, const CString&, CString&)) {
   for (const std::size_t tamanho : {largura - 1, largura, largura + 1, std::size_t{0}}) {
-    const auto antes = objeto.GetReg();
+    std::string esperado = alvo.Copia();
     const std::string texto(tamanho, 'q');
-    EXPECT_EQ(&grava(objeto, CString(std::string_view(texto))), &objeto) << nome;
     std::string guardado = texto.substr(0, largura - 1);
-    EXPECT_EQ(le(objeto).Vista(), guardado) << nome;
+    CString lido;
+    EXPECT_TRUE(acessa(alvo.Objeto, CString(std::string_view(texto)), lido)) << nome;
+    EXPECT_EQ(lido.Vista(), guardado) << nome;
     guardado.resize(largura, '\0');
-    EXPECT_TRUE(SoMudou(antes, objeto.GetReg(), posicao, guardado.data(), largura)) << nome;
+    EXPECT_TRUE(alvo.Copia() == esperado.replace(posicao, largura, guardado)) << nome;
   }
 }
 
