@@ -116,6 +116,29 @@ TEST_F(FerramentaTeste, ChaveErradaNaoPerdeNadaMais) {
       campos(errada.Saida));
 }
 
+TEST_F(FerramentaTeste, ReferidasDeCadaTipoETresVeiculos) {
+  const std::string referidas =
+      "<NFref><refNF><mod>01</mod><serie>7</serie><nNF>31</nNF></refNF></NFref>"
+      "<NFref><refNFP><mod>04</mod><nNF>32</nNF></refNFP>"
+      "<refECF><mod>2D</mod><nCOO>33</nCOO></refECF><outra/></NFref></ide>";
+  const std::string veiculos =
+      "<transp><veicTransp><placa>AAA1</placa></veicTransp>"
+      "<reboque><placa>BBB2</placa></reboque><reboque><placa>CCC3</placa></reboque>";
+  const std::string nota = Troca(NotaDeExemplo(kAtacado), "</ide>", referidas);
+  const Execucao tres = Executa({"importa", "--campos", "-"}, Troca(nota, "<transp>", veiculos));
+  for (const char* linha :
+       {"    Referidas 3 de 3", "      NumeroNotaFiscalOrigem: 31",
+        "      SerieNotaFiscalOrigem: 7", "      NumeroNotaFiscalOrigem: 32",
+        "      NumeroNotaFiscalOrigem: 33", "      ModeloNotaFiscalOrigem: 2D",
+        "    PlacaVeiculo1: AAA1", "    PlacaVeiculo2: BBB2", "    PlacaVeiculo3: CCC3"}) {
+    EXPECT_TRUE(Contem(tres.Saida, std::string("\n") + linha + "\n")) << linha << tres.Saida;
+  }
+  EXPECT_FALSE(Contem(tres.Saida, "couberam"));
+  const Execucao quatro =
+      Executa({"importa", "-"}, Troca(nota, "<transp>", veiculos + "<reboque><placa/></reboque>"));
+  EXPECT_TRUE(Contem(quatro.Saida, "a nota traz 3 reboques, couberam 2")) << quatro.Saida;
+}
+
 TEST_F(FerramentaTeste, PastasELeituraImpossivel) {
   const std::string pasta = (_pasta / "notas").string();
   EXPECT_TRUE(Contem(Executa({"importa", pasta}).Erros, pasta + ": pasta: "));
@@ -224,6 +247,9 @@ TEST_F(FerramentaTeste, ContaOQueDifereEOQueNaoCoube) {
   // A width that is exactly met loses its last character.
   const std::string justa = Troca(NotaDeExemplo(kSimples), "CAIXA DE ISOPOR", "ISOPOR 10L");
   EXPECT_TRUE(Contem(Executa({"importa", "-"}, justa).Saida, "tem 10 caracteres, couberam 9\n"));
+  const std::string casas =
+      std::regex_replace(NotaDeExemplo(kAtacado), std::regex("<vUnCom>[^<]*"), "<vUnCom>1.234560");
+  EXPECT_TRUE(Contem(Executa({"importa", "-"}, casas).Saida, "tem 5 casas decimais, couberam 4"));
   // Without installments there is nothing to hold against the net value.
   const std::string aVista =
       std::regex_replace(NotaDeExemplo(kAtacado), std::regex("<dup>[^]*</dup>"), "");

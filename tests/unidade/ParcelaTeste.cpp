@@ -187,19 +187,4 @@ TEST(Parcela, ChecksumIgnoraOAnteriorEOsImpostos) {
   EXPECT_EQ(crc, kx::CalculaChecksum(ultimos, 3, esperado));
 }
 
-TEST(CondicaoPagamento, ComparaTudo) {
-  CKXDadosCM_CondicaoPagamento a;
-  a.AdicionaParcela(ParcelaCheia());
-  CKXDadosCM_CondicaoPagamento b = a;
-  EXPECT_TRUE(a == b);
-  b.GetRefParcela(0).GetRefItemImposto(0).GetRefDeducao(0).SetDescricao("outra");
-  EXPECT_TRUE(a != b);
-  b = a;
-  b.AdicionaTituloImposto(CKXDadosCM_TituloImposto());
-  EXPECT_TRUE(a != b);
-  b.Limpar();
-  EXPECT_TRUE(b.EstaVazio());
-  EXPECT_EQ(b.GetNumeroParcelas(), 0);
-}
-
 }  // namespace
