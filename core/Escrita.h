@@ -102,7 +102,7 @@ struct Escrita {
     void Condicao(auto membro) const {
       const auto& condicao = Objeto.*membro;
       condicao.VisitaRegistro(condicao, Destino, [this](const auto& valor, auto&... campos) {
-        Condicao(valor, campos...);
+        this->Condicao(valor, campos...);
       });
     }
     void Condicao(const auto& valor, auto& campo) const noexcept { campo = valor; }
