@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "core/Checksum.h"
 #include "core/Financeiro.h"
@@ -42,6 +43,20 @@ TYPED_TEST(ParcelaEmCadaRegistro, NadaSePerdeDeRegistroARegistro) {
     const auto& info = KXMetadados<TypeParam>::kInfo;
     EXPECT_EQ(apoio::Diferenca(info, &original.Reg, &normal.Reg), "");
     EXPECT_EQ(apoio::Diferenca(info, &original.Reg, &tarefa.Reg), "");
+
+    // What no field shows goes along with the rest, and is cleared with it.
+    Parcela atribuida;
+    atribuida = parcela;
+    Parcela movida;
+    movida = std::move(atribuida);
+    apoio::RegistroEscrito<TypeParam> daMovida;
+    movida.CopiarPara(&daMovida.Reg);
+    EXPECT_EQ(apoio::Diferenca(info, &original.Reg, &daMovida.Reg), "");
+    movida.Limpar();
+    apoio::RegistroEscrito<TypeParam> limpa;
+    movida.CopiarPara(&limpa.Reg);
+    const TypeParam zero{};
+    EXPECT_EQ(apoio::Diferenca(info, &zero, &limpa.Reg), "");
   }
 }
 
