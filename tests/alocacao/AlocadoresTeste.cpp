@@ -72,4 +72,22 @@ TEST_P(Alocadores, CadaArrayETextoEDoSeu) {
   if (Atual().CopiarParaPS != nullptr) Confere(Atual(), objeto, Atual().CopiarParaPS, true);
 }
 
+TEST(AlocadorDeTarefas, ContaEFalhaComoOsOutros) {
+  const long long vivas = apoio::AlocacoesVivas();
+  void* const bloco = kx::plataforma::AlocaTarefa(40);
+  EXPECT_EQ(apoio::AlocacoesVivas(), vivas + 1);
+  kx::plataforma::LiberaTarefa(bloco);
+  kx::plataforma::LiberaTarefa(new char[40]);
+  EXPECT_EQ(apoio::AlocacoesVivas(), vivas);
+  apoio::FalhaNaAlocacao(1);
+  EXPECT_EQ(kx::plataforma::AlocaTarefa(40), nullptr);
+  EXPECT_TRUE(apoio::AlocacaoFalhou());
+}
+
+TEST(AlocadorDeTarefasDeathTest, OutroNaoLiberaOsSeusBlocos) {
+  if (!AlocadoresDistintos()) GTEST_SKIP() << "here both allocators are the same memory";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_DEATH(::operator delete[](kx::plataforma::AlocaTarefa(40)), "not its own");
+}
+
 }  // namespace

@@ -2,6 +2,9 @@
 // that it does not know is never released by it.
 #include <objbase.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "Alocadores.h"
 #include "tests/apoio/ContaAlocacoes.h"
 
@@ -28,7 +31,11 @@ class Espia final : public IMallocSpy {
     return bloco;
   }
   void* STDMETHODCALLTYPE PreFree(void* bloco, BOOL nosso) override {
-    if (bloco != nullptr && nosso != FALSE) apoio::ContaViva(-1);
+    if (bloco != nullptr && nosso == FALSE) {
+      std::fputs("the task allocator was given a block that is not its own\n", stderr);
+      std::abort();
+    }
+    if (bloco != nullptr) apoio::ContaViva(-1);
     return bloco;
   }
   void STDMETHODCALLTYPE PostFree(BOOL) override {}

@@ -258,15 +258,6 @@ TEST(FalhasBase, TextosEMensagens) {
       [] {});
 }
 
-TEST(FalhasBase, MensagemDeJanelaSemMemoriaNaoTemNumero) {
-  const char* nome = "um nome que nao cabe sem tomar memoria";
-  apoio::FalhaNaAlocacao(1);
-  EXPECT_EQ(kx::plataforma::RegistraMensagemJanela(nome), 0U);
-  apoio::FalhaNaAlocacao(0);
-  EXPECT_TRUE(apoio::AlocacaoFalhou());
-  EXPECT_NE(kx::plataforma::RegistraMensagemJanela(nome), 0U);
-}
-
 TEST(Alocacoes, EntradaVaziaNaoAloca) {
   const long long antes = apoio::AlocacoesFeitas();
   const CKXDadosCM_RERegistroEntrada entrada;
