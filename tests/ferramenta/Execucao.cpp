@@ -58,3 +58,11 @@ std::string Troca(std::string texto, const std::string& velho, const std::string
   if (posicao == std::string::npos) throw std::runtime_error("not in the example: " + velho);
   return texto.replace(posicao, velho.size(), novo);
 }
+
+std::size_t Ocorrencias(const std::string& texto, const std::string& trecho) {
+  std::size_t quantas = 0;
+  for (std::size_t i = texto.find(trecho); i != std::string::npos; i = texto.find(trecho, i + 1)) {
+    ++quantas;
+  }
+  return quantas;
+}

@@ -30,3 +30,6 @@ class FerramentaTeste : public testing::Test {
 // An invoice of the examples, whole or with the first occurrence of a text exchanged.
 std::string NotaDeExemplo(const std::string& nome);
 std::string Troca(std::string texto, const std::string& velho, const std::string& novo);
+
+// How often the text has the piece.
+std::size_t Ocorrencias(const std::string& texto, const std::string& trecho);

@@ -3,8 +3,6 @@
 
 #include "Execucao.h"
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr const char* kAtacado = "01_atacado_st_ipi_3parcelas.xml";
@@ -13,14 +11,6 @@ constexpr const char* kSimples = "03_simples_cnpj_alfanumerico.xml";
 
 bool Contem(const std::string& texto, const std::string& trecho) {
   return texto.find(trecho) != std::string::npos;
-}
-
-std::size_t Ocorrencias(const std::string& texto, const std::string& trecho) {
-  std::size_t quantas = 0;
-  for (std::size_t i = texto.find(trecho); i != std::string::npos; i = texto.find(trecho, i + 1)) {
-    ++quantas;
-  }
-  return quantas;
 }
 
 std::string UTF8(const std::string& latin1) {
@@ -259,24 +249,6 @@ TEST_F(FerramentaTeste, ContaOQueDifereEOQueNaoCoube) {
       Troca(NotaDeExemplo(kAtacado), "Reclamações", "“Avise” – até 10 € … ≥ 日");
   EXPECT_TRUE(Contem(Executa({"importa", "--campos", "-"}, aspas).Saida,
                      "\"Avise\" - até 10 EUR ... >= ? em até 7 dias."));
-}
-
-TEST_F(FerramentaTeste, OQueNaoAcabaEErroDeleEOsDemaisSeguem) {
-  const std::string boa = Escreve("a.xml", NotaDeExemplo(kAtacado));
-  const fs::path pasta = fs::path(boa).parent_path();
-  fs::create_symlink("/dev/zero", pasta / "zero.xml");
-  const Execucao daPasta = Executa({"importa", pasta.string()});
-  EXPECT_EQ(daPasta.Status, 1);
-  EXPECT_TRUE(Contem(daPasta.Erros, "zero.xml: arquivo: não é um arquivo comum")) << daPasta.Erros;
-  EXPECT_EQ(Ocorrencias(daPasta.Saida, "ida e volta: igual"), 1U);
-
-  const Execucao pedido = Executa({"importa", "--maximo", "1", "/dev/zero", boa});
-  EXPECT_EQ(pedido.Status, 1);
-  EXPECT_EQ(pedido.Erros, "/dev/zero: arquivo: tem mais de 1 MiB (--maximo admite mais)\n");
-  EXPECT_EQ(Ocorrencias(pedido.Saida, "ida e volta: igual"), 1U);
-  const std::string grande = NotaDeExemplo(kAtacado) + std::string(1 << 20, ' ');
-  EXPECT_EQ(Executa({"importa", "--maximo", "1", Escreve("b.xml", grande)}).Status, 1);
-  EXPECT_EQ(Executa({"importa", "--maximo", "2", Escreve("b.xml", grande)}).Status, 0);
 }
 
 TEST_F(FerramentaTeste, Leiautes) {
