@@ -69,7 +69,8 @@ struct Leitura {
   template <class T, class E>
   static void Elemento(CKXVector<T>& lista, const E& vaga) {
     if constexpr (kDireta<T, E>) {
-      T& novo = lista.emplace_back(SemLimpar{});
+      lista.emplace_back(SemLimpar{});
+      T& novo = lista.back();
       novo._Reg = vaga;
       Pendentes(novo, vaga);
     } else if constexpr (requires { lista.back().CopiarDe(&vaga); }) {
