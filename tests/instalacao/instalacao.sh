@@ -71,8 +71,8 @@ cabecalhos_instalados() {
   diff <(echo "$esperados") <(echo "$instalados") || falha "headers in the tree < > installed"
 }
 
-# documentos_instalados FOLDER: every link of a page leads to a file, and every file of the library
-# that a header names is there.
+# documentos_instalados FOLDER: every link of a page leads to a file, and every file that a header
+# names is there, but for the system's own.
 documentos_instalados() {
   local pagina destino cabecalho nome
   while IFS=: read -r pagina destino; do
@@ -81,7 +81,8 @@ documentos_instalados() {
   while IFS=: read -r cabecalho nome; do
     [[ -e $USR/include/kxldadoscm/$nome || -e ${cabecalho%/*}/$nome ]] ||
       falha "$cabecalho names $nome, which is not installed"
-  done < <(grep -roP '\b[A-Za-z_]+(/[A-Za-z_]+)*\.(h|def|cpp|md|py)\b' "$USR/include/kxldadoscm")
+  done < <(grep -roP '\b(?!windows\.h)[A-Za-z_]+(/[A-Za-z_]+)*\.(h|def|cpp|md|py)\b' \
+    "$USR/include/kxldadoscm")
 }
 
 caso_instalacao() {
