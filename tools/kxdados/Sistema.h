@@ -25,7 +25,7 @@ class FluxosPadrao {
   ~FluxosPadrao();
 
  private:
-  unsigned _pagina = 0;  // the console's code page before
+  [[maybe_unused]] unsigned _pagina = 0;  // the console's code page before
 };
 
 inline std::filesystem::path Caminho(std::string_view texto) {
