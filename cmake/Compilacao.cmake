@@ -35,3 +35,10 @@ if(KX_COBERTURA)
   target_compile_options(kx_opcoes INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(kx_opcoes INTERFACE --coverage)
 endif()
+
+# The own sources of tests and fuzzers: optimised templates over every class would take most of the build, and so
+# would these checks of each pointer, which the library and the tool keep.
+set(KX_OPCOES_DE_TESTE -O0)
+if(KX_SANITIZADORES MATCHES "undefined")
+  list(APPEND KX_OPCOES_DE_TESTE -fno-sanitize=null,vptr,alignment,object-size)
+endif()
