@@ -5,9 +5,9 @@
 #include "Importa.h"
 #include "ImportaCTe.h"
 #include "ImportaNFe.h"
-#include "Latin1.h"
 #include "Relatorio.h"
 #include "fuzz/Fuzz.h"
+#include "kxldados/Latin1.h"
 
 namespace {
 
@@ -70,7 +70,7 @@ void ExigeRelato(const std::string& bytes) {
   const std::string queixas = erros.str();
   KX_EXIGE(situacao == (queixas.empty() ? 0 : 1), queixas);
   KX_EXIGE(!relatorio.str().empty() || situacao == 1);
-  KX_EXIGE(kxdados::EhUTF8(queixas) && kxdados::EhUTF8(relatorio.str()), relatorio.str() + queixas);
+  KX_EXIGE(kx::EhUTF8(queixas) && kx::EhUTF8(relatorio.str()), relatorio.str() + queixas);
 }
 
 }  // namespace

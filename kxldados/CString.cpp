@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <ostream>
 #include <stdexcept>
 
 namespace {
@@ -183,4 +184,8 @@ void CString::Format(const char* formato, ...) {
   std::vsnprintf(resultado.data(), resultado.size() + 1, formato, argumentos);
   va_end(argumentos);
   _texto = std::move(resultado);
+}
+
+std::ostream& operator<<(std::ostream& saida, const CString& texto) {
+  return saida << texto.Vista();
 }

@@ -9,10 +9,22 @@
 // Positions and counts are signed, as callers keep them: a count below 0 or beyond the end is
 // brought within the text; a search that finds nothing returns -1. A null `const char*` is an empty
 // text. Growing throws std::bad_alloc. Texts compare by unsigned character values, exactly.
+//
+// With standard strings:
+//
+//   ordem.SetCodigo(std::string("2026/0417"));         // std::string and std::string_view go in
+//   const std::string codigo(ordem.GetCodigo());       // and come out, in parentheses
+//   if (ordem.GetCodigo() == codigo) ...
+//   std::cout << ordem.GetCodigo();                    // the bytes; kxldados/Latin1.h makes UTF-8
+//
+// A getter of an object gives a text of its own: a `const char*` taken from it points nowhere once
+// the statement ends. Clang says so (-Wdangling).
 #pragma once
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,6 +37,13 @@
 #define KX_FORMATO_PRINTF(formato, primeiro)
 #endif
 
+// Said of what must not outlive the text.
+#if defined(__clang__)
+#define KX_VIVE_COM_O_TEXTO [[clang::lifetimebound]]
+#else
+#define KX_VIVE_COM_O_TEXTO
+#endif
+
 class KX_API CString {
  public:
   // What the trims remove when nothing else is said.
@@ -35,6 +54,7 @@ class KX_API CString {
   // Exactly these characters; zeros among them are kept.
   CString(const char* texto, int tamanho);
   CString(std::string_view texto) : _texto(texto) {}
+  CString(const std::string& texto) : _texto(texto) {}
 
   // The number of characters.
   int GetLength() const noexcept { return static_cast<int>(_texto.size()); }
@@ -44,10 +64,12 @@ class KX_API CString {
   void Empty() noexcept { _texto.clear(); }
 
   // Zero-terminated; valid until the text changes or ends.
-  const char* GetString() const noexcept { return _texto.c_str(); }
-  operator const char*() const noexcept { return _texto.c_str(); }
+  const char* GetString() const noexcept KX_VIVE_COM_O_TEXTO { return _texto.c_str(); }
+  operator const char*() const noexcept KX_VIVE_COM_O_TEXTO { return _texto.c_str(); }
   // All the characters, without a copy; valid as long as GetString's.
-  std::string_view Vista() const noexcept { return _texto; }
+  std::string_view Vista() const noexcept KX_VIVE_COM_O_TEXTO { return _texto; }
+  // A copy of all the characters.
+  explicit operator std::string() const { return _texto; }
 
   // The character at the position, 0 at the end of the text. A position outside the text raises
   // std::out_of_range; the end is outside for SetAt.
@@ -91,6 +113,21 @@ class KX_API CString {
   friend std::strong_ordering operator<=>(const CString& a, const char* b) noexcept {
     return a.Compare(b) <=> 0;
   }
+  // The same with std::string and std::string_view, zeros among their characters too.
+  template <class T>
+  requires(std::same_as<T, std::string> || std::same_as<T, std::string_view>) friend bool
+  operator==(const CString& a, const T& b) noexcept {
+    return a._texto == b;
+  }
+  template <class T>
+  requires(std::same_as<T, std::string> ||
+           std::same_as<T, std::string_view>) friend std::strong_ordering
+  operator<=>(const CString& a, const T& b) noexcept {
+    return a.Vista() <=> std::string_view(b);
+  }
+
+  // Writes all the characters as they are, with the stream's width and fill.
+  KX_API friend std::ostream& operator<<(std::ostream& saida, const CString& texto);
 
   // Remove the characters given, blanks when none are, from the ends.
   CString& Trim(const char* quais = kBrancos);
@@ -124,3 +161,5 @@ class KX_API CString {
 
   std::string _texto;
 };
+
+#undef KX_VIVE_COM_O_TEXTO

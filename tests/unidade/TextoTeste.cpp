@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <iomanip>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "kxldados/CString.h"
+#include "kxldados/Latin1.h"
 
 TEST(Texto, ConstroiDeQualquerFonte) {
   EXPECT_TRUE(CString().IsEmpty());
@@ -131,4 +135,40 @@ TEST(Texto, MovidoFicaVazio) {
   EXPECT_TRUE(longo.IsEmpty());
   static_assert(std::is_nothrow_move_constructible_v<CString> &&
                 std::is_nothrow_move_assignable_v<CString>);
+}
+
+// Zeros among the characters tell apart what would pass through a pointer.
+TEST(Texto, EntraESaiDeTextosPadrao) {
+  const std::string padrao("ab\0c", 4);
+  const CString s = padrao;
+  EXPECT_EQ(std::string(s), padrao);
+  EXPECT_TRUE(s == padrao && padrao == s && s == std::string_view(padrao) &&
+              s != std::string("ab"));
+  EXPECT_TRUE(s > std::string("ab") && std::string_view("b") > s &&
+              CString("\xE1") > std::string("z"));
+  std::ostringstream saida;
+  saida << std::setw(6) << std::setfill('.') << s << CString();
+  EXPECT_EQ(saida.str(), ".." + padrao);
+}
+
+// The first and the last of every range, and what lies beside them.
+TEST(Latin1, LimitesDoUTF8) {
+  for (const char* bom :
+       {"\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
+        "\xEF\xBF\xBD", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    EXPECT_TRUE(kx::EhUTF8(bom)) << bom;
+  }
+  for (const char* mau :
+       {"\x80", "\xBF", "\xC1\xBF", "\xC2", "\xC2\x7F", "\xC2\xC0", "\xE0\x9F\xBF", "\xED\xA0\x80",
+        "\xED\xBF\xBF", "\xE1\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"}) {
+    EXPECT_FALSE(kx::EhUTF8(mau)) << mau;
+  }
+  for (const auto& [utf8, latin1] : {std::pair{"\xC2\x9F", "\x9F"},
+                                     {"\xC2\xA0", "\xA0"},
+                                     {"\xC3\xBF", "\xFF"},
+                                     {"\xC4\x80", "?"}}) {
+    EXPECT_EQ(kx::Latin1DeUTF8(utf8), latin1);
+  }
+  EXPECT_EQ(kx::LinhaDeLatin1("\x1F\x20\x7E\x7F\x80\x9F\xA0\xBF\xC0\xFF"),
+            "  ~   \xC2\xA0\xC2\xBF\xC3\x80\xC3\xBF");
 }

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <type_traits>
 
-#include "Latin1.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Datas.h"
 #include "kxldados/Dinheiro.h"
+#include "kxldados/Latin1.h"
 
 namespace kxdados {
 
@@ -114,7 +114,7 @@ std::string TextoDoCampo(const Lugar& lugar) {
     case KXTipoCampo::Historico: {
       const auto* inicio = reinterpret_cast<const char*>(bytes);
       const auto* fim = std::find(inicio, inicio + lugar.Campo.Largura, '\0');
-      return UTF8DeLatin1({inicio, static_cast<std::size_t>(fim - inicio)});
+      return kx::LinhaDeLatin1({inicio, static_cast<std::size_t>(fim - inicio)});
     }
     case KXTipoCampo::Dinheiro:
       return kx::TextoDeDinheiro(Le<CY>(bytes));
@@ -144,7 +144,7 @@ std::string TextoDoCampo(const Lugar& lugar) {
       return std::to_string(Le<std::int64_t>(bytes));
     case KXTipoCampo::Contado:
     case KXTipoCampo::Ponteiro:
-      return UTF8DeLatin1(TextoDeFora(lugar));
+      return kx::LinhaDeLatin1(TextoDeFora(lugar));
     case KXTipoCampo::Bytes:
       break;
   }

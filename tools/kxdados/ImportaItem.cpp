@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "ImportaNFe.h"
-#include "Latin1.h"
 #include "kxldados/Dinheiro.h"
 
 namespace kxdados {

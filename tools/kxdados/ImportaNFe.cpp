@@ -8,7 +8,6 @@
 #include <string_view>
 #include <utility>
 
-#include "Latin1.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Dinheiro.h"
 

@@ -5,9 +5,9 @@
 #include <new>
 #include <utility>
 
-#include "Latin1.h"
 #include "kxldados/Datas.h"
 #include "kxldados/Dinheiro.h"
+#include "kxldados/Latin1.h"
 
 namespace kxdados {
 
@@ -20,6 +20,32 @@ std::string_view SemBrancos(std::string_view texto) noexcept {
   const std::size_t inicio = texto.find_first_not_of(kBrancos);
   if (inicio == std::string_view::npos) return {};
   return texto.substr(inicio, texto.find_last_not_of(kBrancos) - inicio + 1);
+}
+
+// The places that Latin-1 leaves to control characters are those that Windows fills with
+// typographic ones: files that declare Latin-1 often hold them.
+const char* Tipografico(unsigned char byte) noexcept {
+  switch (byte) {
+    case 0x80:
+      return "EUR";
+    case 0x85:
+      return "...";
+    case 0x91:
+    case 0x92:
+      return "'";
+    case 0x93:
+    case 0x94:
+      return "\"";
+    case 0x95:
+      return "*";
+    case 0x96:
+    case 0x97:
+      return "-";
+    case 0x99:
+      return "TM";
+    default:
+      return "?";
+  }
 }
 
 bool TemMarcaUTF16(std::string_view bytes) noexcept {
@@ -75,7 +101,7 @@ void AbreXML(std::string_view bytes, pugi::xml_document& documento) {
   if (!utf16 && nulo != std::string_view::npos) {
     throw Falha("XML", "byte nulo na posição " + std::to_string(nulo));
   }
-  const auto codificacao = utf16 || EhUTF8(bytes) ? pugi::encoding_auto : pugi::encoding_latin1;
+  const auto codificacao = utf16 || kx::EhUTF8(bytes) ? pugi::encoding_auto : pugi::encoding_latin1;
   const auto resultado =
       documento.load_buffer(bytes.data(), bytes.size(), pugi::parse_default, codificacao);
   if (resultado.status == pugi::status_out_of_memory) throw std::bad_alloc();
@@ -154,7 +180,13 @@ std::string Valor(pugi::xml_node no) {
 }
 
 CString Texto(pugi::xml_node pai, std::string_view nome) {
-  return Latin1DeUTF8(Valor(Filho(pai, nome)));
+  const CString texto = kx::Latin1DeUTF8(Valor(Filho(pai, nome)));
+  std::string sem;
+  for (const char c : texto.Vista()) {
+    const auto byte = static_cast<unsigned char>(c);
+    byte >= 0x80 && byte < 0xA0 ? sem += Tipografico(byte) : sem += c;
+  }
+  return sem;
 }
 
 CY Dinheiro(pugi::xml_node pai, std::string_view nome) {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "Latin1.h"
 #include "kxldados/ChaveNFe.h"
+#include "kxldados/Latin1.h"
 
 namespace kxdados {
 
@@ -21,7 +21,7 @@ _KX_NFE_ps LeChave(const std::string& texto, auto lugar, Documento& documento) {
   _KX_NFE_ps chave{};
   const kx::ErroChave erro = kx::ChaveDeTexto(texto, chave);
   if (erro != kx::ErroChave::Nenhum) {
-    documento.Chaves.emplace_back(lugar(), UTF8DeLatin1(kx::MensagemErroChave(erro)));
+    documento.Chaves.emplace_back(lugar(), kx::LinhaDeLatin1(kx::MensagemErroChave(erro)));
   }
   return chave;
 }
@@ -58,7 +58,7 @@ CString TextoDeNumero(int valor) {
 }
 
 void ImportaEmitente(No inf, Documento& documento) {
-  documento.Emitente = UTF8DeLatin1(TextoExigido(Exige(inf, "emit"), "xNome").Vista());
+  documento.Emitente = kx::LinhaDeLatin1(TextoExigido(Exige(inf, "emit"), "xNome").Vista());
 }
 
 void ImportaParcelas(No cobr, CKXDadosCM_CondicaoPagamento& condicao, Documento& documento) {

@@ -1,11 +1,11 @@
-#include "Latin1.h"
+#include "kxldados/Latin1.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-namespace kxdados {
+namespace kx {
 
 namespace {
 
@@ -16,21 +16,16 @@ struct Substituto {
   const char* Texto;
 };
 
-// The places 0x80 to 0x9F are those that Windows fills with typographic characters: files that
-// declare Latin-1 often hold them.
 constexpr std::array kSubstitutos = {
-    Substituto{0x80, "EUR"},  Substituto{0x85, "..."},  Substituto{0x91, "'"},
-    Substituto{0x92, "'"},    Substituto{0x93, "\""},   Substituto{0x94, "\""},
-    Substituto{0x95, "*"},    Substituto{0x96, "-"},    Substituto{0x97, "-"},
-    Substituto{0x99, "TM"},   Substituto{0x152, "OE"},  Substituto{0x153, "oe"},
-    Substituto{0x160, "S"},   Substituto{0x161, "s"},   Substituto{0x17D, "Z"},
-    Substituto{0x17E, "z"},   Substituto{0x200B, ""},   Substituto{0x2010, "-"},
-    Substituto{0x2011, "-"},  Substituto{0x2013, "-"},  Substituto{0x2014, "-"},
-    Substituto{0x2018, "'"},  Substituto{0x2019, "'"},  Substituto{0x201C, "\""},
-    Substituto{0x201D, "\""}, Substituto{0x2022, "*"},  Substituto{0x2026, "..."},
-    Substituto{0x2032, "'"},  Substituto{0x2033, "\""}, Substituto{0x20AC, "EUR"},
-    Substituto{0x2122, "TM"}, Substituto{0x2212, "-"},  Substituto{0x2264, "<="},
-    Substituto{0x2265, ">="}, Substituto{0xFEFF, ""},
+    Substituto{0x152, "OE"},  Substituto{0x153, "oe"},   Substituto{0x160, "S"},
+    Substituto{0x161, "s"},   Substituto{0x17D, "Z"},    Substituto{0x17E, "z"},
+    Substituto{0x200B, ""},   Substituto{0x2010, "-"},   Substituto{0x2011, "-"},
+    Substituto{0x2013, "-"},  Substituto{0x2014, "-"},   Substituto{0x2018, "'"},
+    Substituto{0x2019, "'"},  Substituto{0x201C, "\""},  Substituto{0x201D, "\""},
+    Substituto{0x2022, "*"},  Substituto{0x2026, "..."}, Substituto{0x2032, "'"},
+    Substituto{0x2033, "\""}, Substituto{0x20AC, "EUR"}, Substituto{0x2122, "TM"},
+    Substituto{0x2212, "-"},  Substituto{0x2264, "<="},  Substituto{0x2265, ">="},
+    Substituto{0xFEFF, ""},
 };
 
 std::size_t TamanhoDaSequencia(unsigned char primeiro) noexcept {
@@ -75,11 +70,16 @@ void Acrescenta(std::string& destino, char32_t ponto) {
                                     [ponto](const Substituto& s) { return s.Ponto == ponto; });
   if (achado != kSubstitutos.end()) {
     destino += achado->Texto;
-  } else if (ponto < 0x80 || (ponto >= 0xA0 && ponto <= 0xFF)) {
+  } else if (ponto <= 0xFF) {
     destino += static_cast<char>(ponto);
   } else {
     destino += '?';
   }
+}
+
+bool EhControle(char c) noexcept {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
 }
 
 }  // namespace
@@ -99,14 +99,12 @@ CString Latin1DeUTF8(std::string_view texto) {
   return {std::string_view(latin1)};
 }
 
-std::string UTF8DeLatin1(std::string_view texto) {
+std::string UTF8DeLatin1(std::string_view latin1) {
   std::string utf8;
-  utf8.reserve(texto.size());
-  for (const char c : texto) {
+  utf8.reserve(latin1.size());
+  for (const char c : latin1) {
     const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || (byte >= 0x7F && byte < 0xA0)) {
-      utf8 += ' ';
-    } else if (byte < 0x80) {
+    if (byte < 0x80) {
       utf8 += c;
     } else {
       utf8 += static_cast<char>(0xC0U | byte >> 6U);
@@ -116,4 +114,10 @@ std::string UTF8DeLatin1(std::string_view texto) {
   return utf8;
 }
 
-}  // namespace kxdados
+std::string LinhaDeLatin1(std::string_view latin1) {
+  std::string linha(latin1);
+  std::replace_if(linha.begin(), linha.end(), EhControle, ' ');
+  return UTF8DeLatin1(linha);
+}
+
+}  // namespace kx

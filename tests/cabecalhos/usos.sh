@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# What a user's program may write, and what the compiler must refuse or warn of.
+# usage: usos.sh COMPILER
+set -euo pipefail
+
+compilador=$1
+falhas=0
+
+compila() {
+  printf '#include "oc/DadosOC.h"\nint main() {\nCKXDadosCM_OrdemCompra o;\n%s\n}\n' "$1" |
+    "$compilador" -std=c++20 -Wall -Wextra -Werror -x c++ -fsyntax-only -I. - 2>&1
+}
+
+recusa() {
+  local erros
+  if erros=$(compila "$1") || [[ $erros != *"$2"* ]]; then
+    printf 'not refused (%s): %s\n%s\n' "$2" "$1" "$erros"
+    falhas=1
+  fi
+}
+
+compila 'o.SetCodigo(std::string("1")).SetCodigo(std::string_view("2")).SetCodigo("3");
+  const std::string s(o.GetCodigo()), t = std::string(o.GetCodigo());
+  std::string u; u = o.GetCodigo(); u += o.GetCodigo();
+  return o.GetCodigo() == s && t != o.GetCodigo() && o.GetCodigo() == "3";' || falhas=1
+if "$compilador" --version | grep -q clang; then
+  recusa 'const char* p = o.GetCodigo(); return p[0];' 'dangling'
+  recusa 'std::string_view v = o.GetCodigo().Vista(); return v[0];' 'dangling'
+fi
+exit "$falhas"
