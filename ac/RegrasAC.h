@@ -7,9 +7,7 @@
 //   diretoria.AdicionaUsuarios_OR(CKXDadosCM_ACUsuario().SetUsuario(9));
 //   CKXDadosCM_ACAutorizacaoCompra regra;
 //   regra.SetCodigo("DIR").SetFaixaValorInicial(CY{500000000}).AdicionaUsuarios_AND(diretoria);
-//   tagREG_CM_AUTORIZACAO_CMSAUTPS registro;
-//   regra.CopiarPara(&registro);
-//   CKXDadosCM_ACAutorizacaoCompra::ZerarDelete(&registro);
+//   const kx::RegistroDe registro(regra);  // releases itself
 //
 // Money is in 1/10,000. Grupo and StatusProdutoServico belong to the screens and the server and
 // pass through unchanged.

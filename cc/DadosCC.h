@@ -3,11 +3,9 @@
 //
 //   CKXDadosCM_CCContrato contrato;
 //   contrato.CopiarDe(&recebido);                                // record from the server
-//   contrato.GetRefParcela(0).SetPercentualJuros(CY{25000});     // 2.5 percent
-//   contrato.GetRefParcela(0).CalculaValorJuros(contrato.GetRefParcela(0).GetValorParcela());
-//   tagREG_CONTRATO_COMPRAPS registro;
-//   contrato.CopiarPara(&registro);                              // record for the server
-//   CKXDadosCM_CCContrato::ZerarDelete(&registro);
+//   contrato.GetPtrParcela(0)->SetPercentualJuros(CY{25000});     // 2.5 percent
+//   contrato.GetPtrParcela(0)->CalculaValorJuros(contrato.GetPtrParcela(0)->GetValorParcela());
+//   const kx::RegistroDe registro(contrato);  // record for the server
 //
 // Money and percentages are in 1/10,000: CY{250000} is R$ 25,00, or 25 percent. Codes (Situacao,
 // PeriodoJuros) belong to the server and pass through unchanged. Conversions take arrays and texts

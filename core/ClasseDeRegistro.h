@@ -9,11 +9,16 @@
 //     untouched and does not keep; null clears.
 //   - CopiarPara(Record*) const: overwrites the whole record (what it owned before is not
 //     released) and hangs into it freshly allocated arrays and texts, which the caller releases.
+//   - bool CabeNoRegistro() const: whether CopiarPara leaves out nothing, at no level: no
+//   collection
+//     of more than 65,535 elements, no text beyond what its field carries. Ask it before sending.
 //   - static ZerarDelete(Record*), ZerarGlobalAlloc(Record*): release every array and text that the
 //     record owns, nested ones included, and set pointers and counts to zero; the first for memory
 //     of array new, the second for that of the task allocator. Null is allowed.
 //   - operator==, operator!=: the compared fields, texts and children, in depth.
 //   - EstaVazio(): the record all zero, no text, no child.
+//   - static const kx::Alocador kAlocador: where CopiarPara takes its memory from, and so which of
+//     the two releases is the one that kx::RegistroDe (core/RegistroDe.h) calls.
 //   - static const kx::Posicao kPosicao: what reports about the class say of where they come from.
 // CopiarDe and CopiarPara throw std::bad_alloc; the object, and the record after its release, stay
 // usable. A destination that cannot be written is left, reported (core/Bloco.h) and not filled. A
@@ -29,6 +34,7 @@
 #include <typeinfo>
 
 #include "core/Listas.h"
+#include "core/RegistroDe.h"
 #include "core/TextoFixo.h"
 #include "kxldados/CObject.h"
 
@@ -84,9 +90,11 @@ inline constexpr bool kDireta = requires {
  public:                                                           \
   using Registro = Reg;                                            \
   static const kx::Posicao kPosicao;                               \
+  static const kx::Alocador kAlocador;                             \
   explicit Classe(kx::SemLimpar) noexcept {}                       \
   const Reg& GetReg() const { return _Reg; }                       \
   Classe& CopiarDe(const Reg* origem);                             \
+  bool CabeNoRegistro() const;                                     \
   static void ZerarDelete(Reg* registro);                          \
   static void ZerarGlobalAlloc(Reg* registro);                     \
                                                                    \
@@ -145,19 +153,20 @@ inline constexpr bool kDireta = requires {
 
 // What a derived class adds is cleared by the virtual Limpar; of the class itself, the record that
 // is about to be overwritten need not be.
-#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)            \
-  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                      \
-  constinit const kx::Posicao Classe::kPosicao{kFonte, __LINE__}; \
-  Classe::Classe() : _Reg{} {}                                    \
-  Classe& Classe::CopiarDe(const Registro* origem) {              \
-    if (typeid(*this) == typeid(Classe)) {                        \
-      Base::OnLimpar();                                           \
-      kx::Motor::LimpaPartes(*this);                              \
-    } else {                                                      \
-      Limpar();                                                   \
-    }                                                             \
-    kx::Leitura::Registro(*this, origem);                         \
-    return *this;                                                 \
+#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)                   \
+  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                             \
+  constinit const kx::Posicao Classe::kPosicao{kFonte, __LINE__};        \
+  Classe::Classe() : _Reg{} {}                                           \
+  bool Classe::CabeNoRegistro() const { return kx::Motor::Cabe(*this); } \
+  Classe& Classe::CopiarDe(const Registro* origem) {                     \
+    if (typeid(*this) == typeid(Classe)) {                               \
+      Base::OnLimpar();                                                  \
+      kx::Motor::LimpaPartes(*this);                                     \
+    } else {                                                             \
+      Limpar();                                                          \
+    }                                                                    \
+    kx::Leitura::Registro(*this, origem);                                \
+    return *this;                                                        \
   }
 
 #define KX_IMPLEMENTA_LIBERACAO(Classe)                 \
@@ -168,7 +177,12 @@ inline constexpr bool kDireta = requires {
     kx::LiberaRegistro(registro, kx::Alocador::Tarefa); \
   }
 
+// Where a class's own CopiarPara takes its memory from.
+#define KX_IMPLEMENTA_ALOCADOR(Classe, De) \
+  constinit const kx::Alocador Classe::kAlocador = kx::Alocador::De;
+
 #define KX_IMPLEMENTA_ESCRITA(Classe, De)                     \
+  KX_IMPLEMENTA_ALOCADOR(Classe, De)                          \
   const Classe& Classe::CopiarPara(Registro* destino) const { \
     kx::Escrita::Registro(*this, destino, kx::Alocador::De);  \
     return *this;                                             \

@@ -6,15 +6,25 @@
 //   DeletarItem(index)                         removes one; the following ones move down
 //   RemoveTodosItem()                          empties the collection
 //   TrocaItem(i, j)                            exchanges two elements; returns the collection
-//   GetItem(index), GetPtrItem(index)          reference, pointer (never null)
-//   GetRefItem(index), GetConstRefItem(index)  the same, the index not tested
+//   GetItem(index)                             one element, to be read
+//   GetPtrItem(index)                          the same, to be changed; a pointer, never null
+//   GetRefItem(index), GetConstRefItem(index)  references, the index NOT tested
 //   SetItem(index, const T&)                   replaces one element by a copy
 //   GetListaItem(), SetListaItem(collection)   the collection itself
 //   SetValorUnicoItem(const T&)                the collection becomes exactly that one element
 //   GetQuantidadeItem()                        number of elements
 // An index outside the collection raises std::out_of_range "invalid vector<T> subscript" and
-// changes nothing, but where it says "not tested". Adding may move the other elements: pointers and
-// references to them end there.
+// changes nothing, but where it says "NOT tested": there it is undefined what happens. To change
+// elements, in order of preference:
+//
+//   for (CKXDadosCM_ItemOrdemCompra& item : ordem.GetListaItem()) item.SetValorIPI(CY{});
+//   ordem.GetPtrItem(0)->SetQuantidade(CY{20000});
+//
+// Adding may move the other elements: pointers and references to them end there.
+//
+// A collection may grow beyond 65,535 elements, but the counts of a record have 16 bits and wrap:
+// of 65,537 elements CopiarPara writes one. CabeNoRegistro() of the document asks before, at all
+// levels.
 #pragma once
 
 #include <cstddef>

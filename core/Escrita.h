@@ -93,7 +93,7 @@ struct Escrita {
       const CString& texto = Objeto.*membro;
       if (!texto.IsEmpty()) EscreveContado(texto, Destino.*campo, alocador, maximo);
     }
-    void Corrido(auto membro, auto texto, auto tamanho) const {
+    void Corrido(auto membro, auto texto, auto tamanho, auto...) const {
       EscreveCorrido(Objeto.*membro, Destino.*texto, Destino.*tamanho, De);
     }
     void Terminado(auto membro, auto texto) const {

@@ -91,6 +91,18 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   static void ZerarGlobalAlloc(tagREG_FATURA_COMPRAPS* registro);
   static void ZerarGlobalAlloc(tagREG_COTACAOITEMFATURAPS* registro);
 
+  // What those releases leave: the arrays inside the taxes. kx::RegistroDe calls it before them.
+  template <class REG>
+  static void LiberaFilhos(REG* registro, kx::Alocador de) {
+    if constexpr (requires { registro->ListaItemImposto; }) {
+      for (std::size_t i = 0; i < registro->QtdItemImposto; ++i) {
+        tagREG_ITEM_IMPOSTOPS* imposto = &registro->ListaItemImposto[i];
+        de == kx::Alocador::Delete ? CKXDadosCM_ItemImposto::ZerarDelete(imposto)
+                                   : CKXDadosCM_ItemImposto::ZerarGlobalAlloc(imposto);
+      }
+    }
+  }
+
  protected:
   // The checksum of the due date, NumeroDias, Valor, ValorLiquido, the characters of
   // NumeroDocumento, PonteiroTipoVencimento, PonteiroFormaPagamento and ValorDigitado, in this

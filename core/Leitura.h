@@ -103,7 +103,7 @@ struct Leitura {
       const KXStringPS& texto = Origem.*campo;
       if (texto.Texto != nullptr) Objeto.*membro = LeContado(texto, C::kPosicao);
     }
-    void Corrido(auto membro, auto texto, auto tamanho) const {
+    void Corrido(auto membro, auto texto, auto tamanho, auto...) const {
       Objeto.*membro = LeCorrido(Origem.*texto, Origem.*tamanho, C::kPosicao);
     }
     void Terminado(auto membro, auto texto) const {

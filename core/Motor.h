@@ -1,6 +1,6 @@
 // What every class does with what it is made of, beside converting it: clear, copy, move, compare,
-// test for emptiness. A class says once what it has beside its record; the functions here, in
-// core/Escrita.h and in core/Leitura.h walk it.
+// test for emptiness and for a fit in the record. A class says once what it has beside its record;
+// the functions here, in core/Escrita.h and in core/Leitura.h walk it.
 //
 //   template <class V> static void Partes(V&& v) {
 //     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);  // child array
@@ -8,7 +8,8 @@
 //     v.ListaNaoComparada(...);       // the same as Lista, not compared
 //     v.ListaSoLida(...);             // read from the record, never written, not compared
 //     v.Contado(&Esta::_Mascara, &Registro::Mascara, maximum);  // text, as the row of that name
-//     v.Corrido(&Esta::_Nome, &Registro::TextoNome, &Registro::TamanhoNome);
+//     v.Corrido(&Esta::_Nome, &Registro::TextoNome, &Registro::TamanhoNome);  // a maximum that the
+//                                     // class's own CopiarPara cuts to may follow
 //     v.Terminado(&Esta::_Nome, &Registro::TextoNome);
 //     v.Condicao(&Esta::_CondicaoPagamento);  // travels in the fields that the record has for it
 //     v.Local(&Esta::_ListaLogs);     // lives only in the object; compared
@@ -20,7 +21,10 @@
 // Internal to the library's sources: classes name kx::Motor as their friend.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 #include "core/ClasseDeRegistro.h"
@@ -90,6 +94,14 @@ struct Motor {
     return vazio.Resultado;
   }
 
+  // True when CopiarPara leaves out nothing, at no level: no count that wraps, no text that is cut.
+  template <class C>
+  static bool Cabe(const C& objeto) {
+    Medidor<C> medidor{objeto};
+    VisitaPartes<C>(medidor);
+    return medidor.Resultado;
+  }
+
  private:
   template <class C, class V>
   static void VisitaPartes(V&& visitante) {
@@ -128,7 +140,7 @@ struct Motor {
     void Lista(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void ListaNaoComparada(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
-    void Corrido(auto membro, auto, auto) const noexcept { (Objeto.*membro).Empty(); }
+    void Corrido(auto membro, auto, auto, auto...) const noexcept { (Objeto.*membro).Empty(); }
     void Terminado(auto membro, auto) const noexcept { (Objeto.*membro).Empty(); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
     void Contado(auto membro, auto, auto...) const noexcept { (Objeto.*membro).Empty(); }
@@ -147,7 +159,7 @@ struct Motor {
     void ListaHerdada(auto, auto, auto) const noexcept {}
     void ListaNaoComparada(auto membro, auto, auto) const { Local(membro); }
     void ListaSoLida(auto membro, auto, auto) const { Local(membro); }
-    void Corrido(auto membro, auto, auto) const { Local(membro); }
+    void Corrido(auto membro, auto, auto, auto...) const { Local(membro); }
     void Terminado(auto membro, auto) const { Local(membro); }
     void Contado(auto membro, auto, auto...) const { Destino.*membro = Origem.*membro; }
     void Condicao(auto membro) const { Local(membro); }
@@ -164,7 +176,7 @@ struct Motor {
     void ListaHerdada(auto, auto, auto) const noexcept {}
     void ListaNaoComparada(auto membro, auto, auto) const noexcept { Troca(membro); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { Troca(membro); }
-    void Corrido(auto membro, auto, auto) const noexcept { Troca(membro); }
+    void Corrido(auto membro, auto, auto, auto...) const noexcept { Troca(membro); }
     void Terminado(auto membro, auto) const noexcept { Troca(membro); }
     void Contado(auto membro, auto, auto...) const noexcept { Troca(membro); }
     void Condicao(auto membro) const noexcept { Troca(membro); }
@@ -183,7 +195,7 @@ struct Motor {
     void ListaHerdada(auto membro, auto, auto) { Compara(membro); }
     void ListaNaoComparada(auto, auto, auto) const noexcept {}
     void ListaSoLida(auto, auto, auto) const noexcept {}
-    void Corrido(auto membro, auto, auto) { Compara(membro); }
+    void Corrido(auto membro, auto, auto, auto...) { Compara(membro); }
     void Terminado(auto membro, auto) { Compara(membro); }
     void Contado(auto membro, auto, auto...) { Compara(membro); }
     void Condicao(auto membro) { Compara(membro); }
@@ -201,7 +213,7 @@ struct Motor {
     void ListaHerdada(auto membro, auto, auto) { Testa(membro); }
     void ListaNaoComparada(auto membro, auto, auto) { Testa(membro); }
     void ListaSoLida(auto membro, auto, auto) { Testa(membro); }
-    void Corrido(auto membro, auto, auto) { Testa(membro); }
+    void Corrido(auto membro, auto, auto, auto...) { Testa(membro); }
     void Terminado(auto membro, auto) { Testa(membro); }
     void Contado(auto membro, auto, auto...) { Testa(membro); }
     void Condicao(auto membro) { Testa(membro); }
@@ -210,6 +222,45 @@ struct Motor {
     void NaoComparado(auto membro) { Testa(membro); }
     void Auxiliar(auto) const noexcept {}
     void Testa(auto membro) { Resultado = Resultado && ValorVazio(Objeto.*membro); }
+  };
+
+  template <class C>
+  struct Medidor {
+    static constexpr std::size_t kMaximo = std::numeric_limits<std::uint16_t>::max();
+    const C& Objeto;
+    bool Resultado = true;
+    void Lista(auto membro, auto, auto) { Elementos(Objeto.*membro); }
+    void ListaHerdada(auto membro, auto, auto) { Elementos(Objeto.*membro); }
+    void ListaNaoComparada(auto membro, auto, auto) { Elementos(Objeto.*membro); }
+    void ListaSoLida(auto, auto, auto) const noexcept {}
+    void Corrido(auto membro, auto, auto, std::size_t maximo = kMaximo - 1) {
+      Texto(Objeto.*membro, maximo);
+    }
+    void Terminado(auto, auto) const noexcept {}
+    void Contado(auto membro, auto, std::size_t maximo = kSemLimite, auto...) {
+      Texto(Objeto.*membro, maximo);
+    }
+    void Condicao(auto membro) {
+      const auto& condicao = Objeto.*membro;
+      condicao.VisitaRegistro(condicao, Objeto._Reg, [this](const auto& valor, auto&... campos) {
+        if constexpr (sizeof...(campos) == 2) this->Elementos(valor);
+      });
+    }
+    void Local(auto, auto...) const noexcept {}
+    void NaoComparado(auto) const noexcept {}
+    void Auxiliar(auto) const noexcept {}
+    void Texto(const CString& texto, std::size_t maximo) {
+      Resultado = Resultado && texto.Vista().size() <= maximo;
+    }
+    template <class T>
+    void Elementos(const CKXVector<T>& lista) {
+      Resultado = Resultado && lista.size() <= kMaximo;
+      if constexpr (requires(const T& elemento) { elemento.CabeNoRegistro(); }) {
+        Resultado = Resultado && std::all_of(lista.begin(), lista.end(), [](const T& elemento) {
+                      return elemento.CabeNoRegistro();
+                    });
+      }
+    }
   };
 };
 

@@ -3,10 +3,8 @@
 //
 //   CKXDadosCM_CotacaoPreco cotacao;
 //   cotacao.CopiarDe(&recebido);                                     // record from the server
-//   cotacao.GetRefAcompanhamento(0).SetPrecoUnitario(CY{125000});    // 12.5000
-//   tagREG_COTACAOPS registro;
-//   cotacao.CopiarPara(&registro);                                   // record for the server
-//   CKXDadosCM_CotacaoPreco::ZerarDelete(&registro);
+//   cotacao.GetPtrAcompanhamento(0)->SetPrecoUnitario(CY{125000});    // 12.5000
+//   const kx::RegistroDe registro(cotacao);  // record for the server
 //
 // Money, quantities and rates are in 1/10,000. Codes (Situacao, SituacaoCotacao, OrigemDados,
 // StatusProdutoServico, TipoReducaoAcrescimoICMS) belong to the server and pass through unchanged.

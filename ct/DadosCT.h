@@ -4,9 +4,7 @@
 //   CKXDadosCM_CTConhecimentoTransporte conhecimento;
 //   conhecimento.CopiarDe(&recebido);               // record from the server
 //   conhecimento.SetValorDesconto(CY{20000});       // 2.0000
-//   tagREG_CONHECIMENTOPS registro;
-//   conhecimento.CopiarPara(&registro);             // record for the server
-//   CKXDadosCM_CTConhecimentoTransporte::ZerarGlobalAlloc(&registro);
+//   const kx::RegistroDe registro(conhecimento);  // record for the server
 //
 // Money, weights and numbers of volumes are in 1/10,000, AliquotaICMS in 1/100 of a percent. Codes
 // (FretePorConta, LivreCobranca, TipoNota, StatusViaTransp, VersaoGravacao and those that the

@@ -24,17 +24,16 @@ CKXDadosCM_ACAutorizacaoCompra Regra(const char* codigo, std::uint32_t chave, st
 
 int main() {
   // Stands for the server: three rules, the lowest one first.
-  tagREG_CM_AUTORIZACAO_CMSAUTPS regras[3];
-  Regra("GER", kGerencia, kDiretoria).CopiarPara(&regras[0]);
-  Regra("DIR", kDiretoria, kPresidencia).CopiarPara(&regras[1]);
-  Regra("PRE", kPresidencia, 0).CopiarPara(&regras[2]);
+  const kx::RegistroDe gerencia(Regra("GER", kGerencia, kDiretoria));
+  const kx::RegistroDe diretoria(Regra("DIR", kDiretoria, kPresidencia));
+  const kx::RegistroDe presidencia(Regra("PRE", kPresidencia, 0));
+  tagREG_CM_AUTORIZACAO_CMSAUTPS regras[] = {*gerencia, *diretoria, *presidencia};
   tagREG_CM_LE_LISTA_AC_CMSAUTPS lista{};
   lista.QtdAC = 3;
   lista.ListaAC = regras;
 
   CKXDadosCM_ACTreeAutorizacaoCompra raiz;
   raiz.CopiarDe(&lista);
-  for (auto& regra : regras) CKXDadosCM_ACAutorizacaoCompra::ZerarDelete(&regra);
 
   CArray<unsigned long> abaixo;  // of the board, itself included
   raiz.LocalizaChaveTodosNosFilhos(kPresidencia, abaixo);

@@ -31,11 +31,9 @@ CKXCurrencyEx TotalRateado(const CKXDadosCM_CTConhecimentoTransporte& conhecimen
 int main() {
   const CKXDadosCM_CTConhecimentoTransporte conhecimento = Preenche();
 
-  tagREG_CONHECIMENTOPS registro;
-  conhecimento.CopiarPara(&registro);  // arrays of the task allocator
+  const kx::RegistroDe registro(conhecimento);  // arrays of the task allocator
   CKXDadosCM_CTConhecimentoTransporte recebido;
-  recebido.CopiarDe(&registro);
-  CKXDadosCM_CTConhecimentoTransporte::ZerarGlobalAlloc(&registro);
+  recebido.CopiarDe(registro.GetPtr());
   bool certo = recebido == conhecimento;
   certo &= TotalRateado(recebido) == recebido.GetValorConhecimentoTransporte();
 

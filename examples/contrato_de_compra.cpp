@@ -22,17 +22,16 @@ int main() {
   const CKXCurrencyEx juros = parcela.CalculaValorJuros(parcela.GetValorParcela());
   contrato.AdicionaParcela(parcela);
 
-  tagREG_CONTRATO_COMPRAPS registro;
-  contrato.CopiarPara(&registro);
+  const kx::RegistroDe registro(contrato);
   CKXDadosCM_CCContrato recebido;
-  recebido.CopiarDe(&registro);
-  CKXDadosCM_CCContrato::ZerarDelete(&registro);
+  recebido.CopiarDe(registro.GetPtr());
 
   // The interest as a value is computed again on this side, and so is the share.
   bool certo = recebido != contrato && recebido.GetParcela(0).GetValorJuros() == CY{};
-  CKXDadosCM_CCParcela& recebida = recebido.GetRefParcela(0);
-  recebida.CalculaValorJuros(recebida.GetValorParcela());
-  recebido.GetRefClassificacao(0).CalculaValor(recebido.GetValorTotalContrato());
+  for (CKXDadosCM_CCParcela& recebida : recebido.GetListaParcela()) {
+    recebida.CalculaValorJuros(recebida.GetValorParcela());
+  }
+  recebido.GetPtrClassificacao(0)->CalculaValor(recebido.GetValorTotalContrato());
   certo &= recebido == contrato;
 
   std::cout << "contrato " << recebido.GetNumeroContrato().Vista() << ": "

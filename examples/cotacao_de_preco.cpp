@@ -46,11 +46,9 @@ std::int32_t FornecedorMaisBarato(const CKXDadosCM_CotacaoPreco& cotacao, std::u
 int main() {
   const CKXDadosCM_CotacaoPreco cotacao = ComDuasRespostas();
 
-  tagREG_COTACAOPS registro;
-  cotacao.CopiarPara(&registro);
+  const kx::RegistroDe registro(cotacao);
   CKXDadosCM_CotacaoPreco recebida;
-  recebida.CopiarDe(&registro);
-  CKXDadosCM_CotacaoPreco::ZerarDelete(&registro);
+  recebida.CopiarDe(registro.GetPtr());
 
   const std::int32_t fornecedor = FornecedorMaisBarato(recebida, 0);
   std::cout << "cotacao " << recebida.GetCodigoCotacao().Vista() << ", menor preco do fornecedor "

@@ -5,10 +5,8 @@ int main() {
   entrada.SetNumeroNotaFiscal("1234").SetPonteiroFilial(3);
   entrada.AdicionaProduto(CKXDadosCM_REItemProduto().SetValorTotal(CY{1234500}));  // R$ 123,45
 
-  tagREG_ENTRADAPS registro;
-  entrada.CopiarPara(&registro);  // the record now owns the arrays that it needed
+  const kx::RegistroDe registro(entrada);  // the record now owns the arrays that it needed
   CKXDadosCM_RERegistroEntrada recebida;
-  recebida.CopiarDe(&registro);
-  CKXDadosCM_RERegistroEntrada::ZerarGlobalAlloc(&registro);
+  recebida.CopiarDe(registro.GetPtr());
   return recebida == entrada ? 0 : 1;
 }

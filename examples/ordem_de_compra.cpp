@@ -7,9 +7,8 @@
 
 namespace {
 
-// Stands for the server: an order of one product in two deliveries, paid in two installments. The
-// caller releases it.
-tagREG_ORDEMPS RecebeDoServidor() {
+// Stands for the server: an order of one product in two deliveries, paid in two installments.
+kx::RegistroDe<CKXDadosCM_OrdemCompra> RecebeDoServidor() {
   CKXDadosCM_ItemOrdemCompra item;
   item.SetPonteiroProdutoServico(1001).SetQuantidade(CY{120000});  // 12.0000 pieces
   item.SetValorUnitarioV8(CY{255000}).SetValorTotal(CY{3060000});  // R$ 25,50 and R$ 306,00
@@ -26,9 +25,7 @@ tagREG_ORDEMPS RecebeDoServidor() {
     ordem.GetCondicaoPagamento().AdicionaParcela(
         CKXDadosCM_Parcela().SetNumeroDias(dias).SetValor(CY{1530000}));
   }
-  tagREG_ORDEMPS registro;
-  ordem.CopiarPara(&registro);
-  return registro;
+  return kx::RegistroDe(ordem);
 }
 
 bool Confere(bool certo, const char* passo) {
@@ -39,10 +36,8 @@ bool Confere(bool certo, const char* passo) {
 }  // namespace
 
 int main() {
-  tagREG_ORDEMPS recebido = RecebeDoServidor();
   CKXDadosCM_OrdemCompra ordem;
-  ordem.CopiarDe(&recebido);                       // the object keeps nothing of the record ...
-  CKXDadosCM_OrdemCompra::ZerarDelete(&recebido);  // ... which can go
+  ordem.CopiarDe(RecebeDoServidor().GetPtr());  // the object keeps nothing of the record
   bool certo = Confere(
       ordem.GetQuantidadeItem() == 1 && ordem.GetCondicaoPagamento().GetNumeroParcelas() == 2,
       "o registro virou objeto");
@@ -54,15 +49,12 @@ int main() {
   const CY frete{150000};
   ordem.SetValorFrete(frete).SetValorTotalOrdemCompra(
       CKXCurrencyEx(ordem.GetValorTotalOrdemCompra()) + frete);
-  ordem.GetRefItem(0).GetRefProgramacao(1).SetRegDataEntrega({25, 3, 2026});
+  ordem.GetPtrItem(0)->GetPtrProgramacao(1)->SetRegDataEntrega({25, 3, 2026});
   certo &= Confere(ordem != original, "a edicao foi percebida");
 
-  tagREG_ORDEMPS registro;
-  ordem.CopiarPara(&registro);
-  certo &= Confere(registro.ListaItem[0].ListaProgramacao[1].RegDataEntrega.Dia == 25,
+  const kx::RegistroDe registro(ordem);
+  certo &= Confere(registro->ListaItem[0].ListaProgramacao[1].RegDataEntrega.Dia == 25,
                    "a edicao esta no registro que volta");
-  CKXDadosCM_OrdemCompra::ZerarDelete(&registro);
-  certo &= Confere(registro.ListaItem == nullptr, "o registro foi liberado");
 
   std::cout << "ordem " << ordem.GetCodigo().Vista() << ", total R$ "
             << kx::TextoDeDinheiro(ordem.GetValorTotalOrdemCompra()) << '\n';

@@ -12,11 +12,9 @@ int main() {
   item.SetQuantidade(CY{20000}).SetValorTotal(CY{1234500});  // 2.0000 pieces, R$ 123,45
   entrada.AdicionaProduto(std::move(item));
 
-  tagREG_ENTRADAPS registro;
-  entrada.CopiarPara(&registro);  // the record that goes to the server
+  const kx::RegistroDe registro(entrada);  // the record that goes to the server
   CKXDadosCM_RERegistroEntrada recebida;
-  recebida.CopiarDe(&registro);  // ... and comes back
-  CKXDadosCM_RERegistroEntrada::ZerarGlobalAlloc(&registro);
+  recebida.CopiarDe(registro.GetPtr());  // ... and comes back
 
   const CKXCurrencyEx total = recebida.GetSomaProdutoDe(&CKXDadosCM_REItemProduto::GetValorTotal);
   std::cout << "nota " << recebida.GetNumeroNotaFiscal().Vista() << ", itens "

@@ -29,11 +29,9 @@ int main() {
   CKXDadosCM_SCSolicitacaoCompra solicitacao = Preenche();
   solicitacao.SetObservacao(CString(std::string(3000, '.')));
 
-  tagREG_SOLICITACAO_COMPRAPS registro;
-  solicitacao.CopiarPara(&registro);  // not const: cuts the object's own remarks
+  const kx::RegistroDe registro(solicitacao);  // not const: cuts the object's own remarks
   CKXDadosCM_SCSolicitacaoCompra recebida;
-  recebida.CopiarDe(&registro);
-  CKXDadosCM_SCSolicitacaoCompra::ZerarDelete(&registro);
+  recebida.CopiarDe(registro.GetPtr());
 
   std::cout << "solicitacao " << recebida.GetCodigoSolicitacao().Vista() << ", "
             << recebida.GetQuantidadeItem() << " item, observacao com "

@@ -5,9 +5,7 @@
 //   const CKXDadosCM_OrdemCompra original = ordem;
 //   ordem.SetValorFrete(CY{150000});                 // R$ 15,00
 //   if (ordem != original) {
-//     tagREG_ORDEMPS registro;
-//     ordem.CopiarPara(&registro);                   // record for the server
-//     CKXDadosCM_OrdemCompra::ZerarDelete(&registro);
+//     const kx::RegistroDe registro(ordem);  // record for the server
 //   }
 //
 // Money is in 1/10,000. Codes (Situacao, Frete, FretePorConta, StatusAutorizacao, Impresso,

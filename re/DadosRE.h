@@ -3,10 +3,8 @@
 //   CKXDadosCM_RERegistroEntrada entrada;
 //   entrada.CopiarDe(&recebido);                    // record from the server
 //   entrada.SetPonteiroFilial(3);
-//   entrada.GetRefProduto(0).SetQuantidade(CY{20000});  // 2.0000
-//   tagREG_ENTRADAPS registro;
-//   entrada.CopiarPara(&registro);                  // record for the server
-//   CKXDadosCM_RERegistroEntrada::ZerarGlobalAlloc(&registro);
+//   entrada.GetPtrProduto(0)->SetQuantidade(CY{20000});  // 2.0000
+//   const kx::RegistroDe registro(entrada);  // record for the server
 //
 // Money, quantities and weights are in 1/10,000. Codes (Situacao, FretePorConta, IndicadorTipoNF,
 // TipoNota, the Status bytes, VersaoGravacao) belong to the server and pass through unchanged.

@@ -16,6 +16,7 @@ KX_IMPLEMENTA(CKXDadosCM_SCItem, TKXCMBaseParaDados, Delete)
 KX_IMPLEMENTA_REGISTRO(CKXDadosCM_SCSolicitacaoCompra, TKXCMBaseParaDados)
 KX_IMPLEMENTA_LIBERACAO(CKXDadosCM_SCSolicitacaoCompra)
 KX_IMPLEMENTA_IGUALDADE(CKXDadosCM_SCSolicitacaoCompra)
+KX_IMPLEMENTA_ALOCADOR(CKXDadosCM_SCSolicitacaoCompra, Delete)
 
 bool CKXDadosCM_SCFornecedor::CompareElements(const CKXDadosCM_SCFornecedor& a,
                                               const CKXDadosCM_SCFornecedor& b) {
@@ -25,6 +26,6 @@ bool CKXDadosCM_SCFornecedor::CompareElements(const CKXDadosCM_SCFornecedor& a,
 CKXDadosCM_SCSolicitacaoCompra& CKXDadosCM_SCSolicitacaoCompra::CopiarPara(Registro* destino) {
   const int sobra = _Observacao.GetLength() - kMaximoObservacao;
   if (sobra > 0) _Observacao.Delete(kMaximoObservacao, sobra);
-  kx::Escrita::Registro(*this, destino, kx::Alocador::Delete);
+  kx::Escrita::Registro(*this, destino, kAlocador);
   return *this;
 }

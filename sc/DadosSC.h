@@ -3,10 +3,8 @@
 //
 //   CKXDadosCM_SCSolicitacaoCompra solicitacao;
 //   solicitacao.CopiarDe(&recebido);                       // record from the server
-//   solicitacao.GetRefItem(0).SetQuantidade(CY{20000});    // 2.0000
-//   tagREG_SOLICITACAO_COMPRAPS registro;
-//   solicitacao.CopiarPara(&registro);                     // cuts the remarks; see there
-//   CKXDadosCM_SCSolicitacaoCompra::ZerarDelete(&registro);
+//   solicitacao.GetPtrItem(0)->SetQuantidade(CY{20000});    // 2.0000
+//   const kx::RegistroDe registro(solicitacao);  // cuts the remarks; see there
 //
 // Quantities are in 1/10,000. Codes (Origem, Situacao, StatusProdutoServico, Prioridade, Opcao,
 // TipoControleReposicao) belong to the server and pass through unchanged.
@@ -126,7 +124,8 @@ class KX_API CKXDadosCM_SCSolicitacaoCompra : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao);
+    v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao,
+              kMaximoObservacao);
     v.Local(&Esta::_Vinculo);
     v.Lista(&Esta::_ListaItem, &Registro::ListaItem, &Registro::QtdItem);
     v.Lista(&Esta::_ListaFornecedor, &Registro::ListaFornecedor, &Registro::QtdFornecedor);

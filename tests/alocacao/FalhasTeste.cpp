@@ -33,6 +33,12 @@ TEST_P(Falhas, CopiarPara) {
                       [&] { apoio::Libera(Info(), destino.data(), kx::Alocador::Tarefa); });
 }
 
+TEST_P(Falhas, RegistroQueSeLibera) {
+  const Registro original(Info(), kSemente);
+  const Objeto objeto(Atual(), original.Bytes());
+  FalhaEmCadaAlocacao([&] { EXPECT_TRUE(Atual().PorDono(*objeto)); }, [] {});
+}
+
 TEST_P(Falhas, CadaLiberacaoLevaTudo) {
   // An installment releases its own array alone; its taxes have releases of their own.
   if (Atual().DeExecucao == CKXDadosCM_Parcela::GetThisClass()) return;

@@ -58,6 +58,28 @@ constexpr bool kComparavel = requires(const C& c) {
 };
 
 template <class C>
+bool Volta(const kx::RegistroDe<C>& dono, const C& objeto) {
+  C volta;
+  volta.CopiarDe(dono.GetPtr());
+  return volta == objeto;
+}
+
+template <class C>
+bool PorDono(C& objeto) {
+  using Dono = kx::RegistroDe<C>;
+  Dono primeiro(objeto);
+  Dono segundo(std::move(primeiro));
+  Dono terceiro = Dono::Assume(segundo.Entrega(), segundo.GetAlocador());
+  bool certo = Volta(terceiro, objeto) && Volta(primeiro, C{}) && Volta(segundo, C{});
+  if constexpr (requires(const C& o) { Dono::PS(o); }) {
+    primeiro = Dono::PS(objeto);
+    certo = certo && primeiro.GetAlocador() == kx::Alocador::Tarefa && Volta(primeiro, objeto);
+  }
+  objeto.CopiarPara(terceiro.Recebe(C::kAlocador));
+  return certo && Volta(terceiro, objeto);
+}
+
+template <class C>
 void JuntaClasse(std::vector<Classe>& classes) {
   if constexpr (kComparavel<C> && std::is_default_constructible_v<C>) {
     static_assert(std::is_nothrow_move_constructible_v<C>, "a collection grows by moving");
@@ -93,6 +115,7 @@ void JuntaClasse(std::vector<Classe>& classes) {
       }
       classe.ZerarDelete = [](void* r) { C::ZerarDelete(static_cast<REG*>(r)); };
       classe.ZerarGlobalAlloc = [](void* r) { C::ZerarGlobalAlloc(static_cast<REG*>(r)); };
+      classe.PorDono = [](Base& o) { return PorDono(static_cast<C&>(o)); };
     }
     const C objeto{};
     for (const Parte& parte : TodasAsPartes()) {

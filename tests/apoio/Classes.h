@@ -43,6 +43,8 @@ struct Classe {
   void (*CopiarParaPS)(Base&, void*) = nullptr;  // null where there is none
   void (*ZerarDelete)(void*) = nullptr;
   void (*ZerarGlobalAlloc)(void*) = nullptr;
+  // Through kx::RegistroDe, moved and given up on the way: whether the same object comes back.
+  bool (*PorDono)(Base&) = nullptr;
 };
 
 const std::vector<Classe>& Classes();

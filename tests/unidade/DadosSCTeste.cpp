@@ -4,6 +4,8 @@
 #include <cstring>
 #include <string>
 
+#include "cp/DadosCP.h"
+#include "oc/DadosOC.h"
 #include "sc/DadosSC.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
@@ -70,3 +72,33 @@ TEST(SolicitacaoFornecedor, TextoLongoViajaAteOndeOTamanhoConta) {
 }
 
 }  // namespace
+
+// Each way of not fitting, at its edge; what is never written takes no room.
+TEST(CabeNoRegistro, EmTodosOsNiveis) {
+  CKXDadosCM_OrdemCompra ordem;
+  ordem.AdicionaItem({}).GetPtrItem(0)->AdicionaProgramacao({});
+  auto& recebimentos = ordem.GetPtrItem(0)->GetPtrProgramacao(0)->GetListaRecebimento();
+  auto& parcelas = ordem.GetCondicaoPagamento().GetListaParcela();
+  recebimentos.resize(65'535);
+  parcelas.resize(65'535);
+  ordem.GetListaCancelamento().resize(65'536);
+  ordem.GetCondicaoPagamento().GetListaTituloImposto().resize(65'536);
+  EXPECT_TRUE(ordem.CabeNoRegistro());
+  parcelas.resize(65'536);
+  EXPECT_FALSE(ordem.CabeNoRegistro());
+  parcelas.clear();
+  recebimentos.resize(65'536);
+  EXPECT_FALSE(ordem.CabeNoRegistro());
+
+  const auto comTexto = [](auto objeto, auto muda, std::size_t tamanho) {
+    muda(objeto, CString(std::string(tamanho, 'x')));
+    return objeto.CabeNoRegistro();
+  };
+  const auto local = [](auto& objeto, const CString& texto) { objeto.SetLocalEntrega(texto); };
+  const auto observacao = [](auto& objeto, const CString& texto) { objeto.SetObservacao(texto); };
+  EXPECT_TRUE(comTexto(CKXDadosCM_SCSolicitacaoCompra(), local, 65'534));
+  EXPECT_FALSE(comTexto(CKXDadosCM_SCSolicitacaoCompra(), local, 65'535));
+  EXPECT_TRUE(comTexto(CKXDadosCM_SCSolicitacaoCompra(), observacao, 2500));
+  EXPECT_FALSE(comTexto(CKXDadosCM_SCSolicitacaoCompra(), observacao, 2501));
+  EXPECT_TRUE(comTexto(CKXDadosCM_CotacaoPreco(), observacao, 70'000));
+}

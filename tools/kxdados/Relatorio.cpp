@@ -15,17 +15,6 @@ namespace {
 
 using Entrada = CKXDadosCM_RERegistroEntrada;
 
-// A record that gives back what it owns.
-template <class Objeto>
-struct RegistroProprio {
-  typename Objeto::Registro Registro{};
-
-  RegistroProprio() = default;
-  RegistroProprio(const RegistroProprio&) = delete;
-  RegistroProprio& operator=(const RegistroProprio&) = delete;
-  ~RegistroProprio() { Objeto::ZerarGlobalAlloc(&Registro); }
-};
-
 std::string Contado(long long quantos, const char* um, const char* varios) {
   return std::to_string(quantos) + " " + (quantos == 1 ? um : varios);
 }
@@ -109,20 +98,19 @@ void EscreveChave(std::ostream& saida, const _KX_NFE_ps& chave) {
 template <class Objeto>
 Viagem Viaja(const Objeto& objeto, bool comCampos) {
   const KXRegistroInfo& info = KXMetadados<typename Objeto::Registro>::kInfo;
-  RegistroProprio<Objeto> ida;
-  objeto.CopiarPara(&ida.Registro);
+  const kx::RegistroDe ida(objeto);
   Objeto volta;
-  volta.CopiarDe(&ida.Registro);
+  volta.CopiarDe(ida.GetPtr());
 
   Viagem viagem;
   viagem.Igual = volta == objeto;
   unsigned long inicio = 0;
   viagem.Checksum = static_cast<std::uint32_t>(objeto.CalculaCRC(&inicio));
-  viagem.Registro = MedeRegistro(info, &ida.Registro);
+  viagem.Registro = MedeRegistro(info, ida.GetPtr());
   if (comCampos) {
     std::ostringstream campos;
     campos.exceptions(std::ios::badbit);
-    EscreveCampos(campos, info, &ida.Registro, 2);
+    EscreveCampos(campos, info, ida.GetPtr(), 2);
     viagem.Campos = campos.str();
   }
   return viagem;
