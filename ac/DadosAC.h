@@ -21,10 +21,10 @@ class KX_API CKXDadosCM_ACThread : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_AC);
-    v.Local(&Esta::_ACAnterior);
-    v.Local(&Esta::_ConsisteGrava);
-    v.Local(&Esta::_ChaveACIn);
-    v.Local(&Esta::_ChaveACOut);
+    v.Local(KX_DO_OBJETO(AC));
+    v.Local(KX_DO_OBJETO(ACAnterior));
+    v.Local(KX_DO_OBJETO(ConsisteGrava));
+    v.Local(KX_DO_OBJETO(ChaveACIn));
+    v.Local(KX_DO_OBJETO(ChaveACOut));
   }
 };

@@ -84,7 +84,7 @@ class KX_API CKXDadosCM_CCClassificacao : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_ValorRateio);
+    v.Local(KX_DO_OBJETO(ValorRateio));
   }
 };
 
@@ -129,7 +129,7 @@ class KX_API CKXDadosCM_CCParcela : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_ValorJuros);
+    v.Local(KX_DO_OBJETO(ValorJuros));
   }
 };
 
@@ -171,7 +171,7 @@ class KX_API CKXDadosCM_CCContrato : public TKXCMBaseParaDados {
   // In the order of the record, which is not that of the collections.
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_Vinculo);
+    v.Local(KX_DO_OBJETO(Vinculo));
     v.Terminado(&Esta::_Observacao, &Registro::TextoObservacao);
     v.Terminado(&Esta::_DescricaoContrato, &Registro::TextoDescricaoContrato);
     v.Lista(&Esta::_ListaReajuste, &Registro::ListaReajuste, &Registro::QtdReajuste);

@@ -15,6 +15,7 @@
 //   - static ZerarDelete(Record*), ZerarGlobalAlloc(Record*): release every array and text that the
 //     record owns, nested ones included, and set pointers and counts to zero; the first for memory
 //     of array new, the second for that of the task allocator. Null is allowed.
+//   - Descreve, operator<<: what it holds, for people (core/Descreve.h).
 //   - operator==, operator!=: the compared fields, texts and children, in depth.
 //   - EstaVazio(): the record all zero, no text, no child.
 //   - static const kx::Alocador kAlocador: where CopiarPara takes its memory from, and so which of
@@ -33,6 +34,7 @@
 #include <type_traits>
 #include <typeinfo>
 
+#include "core/Descreve.h"
 #include "core/Listas.h"
 #include "core/RegistroDe.h"
 #include "core/TextoFixo.h"
@@ -41,6 +43,7 @@
 namespace kx {
 
 struct Motor;
+struct Descritor;
 struct Escrita;
 struct Leitura;
 
@@ -61,6 +64,7 @@ inline constexpr bool kDireta = requires {
 #define KX_CLASSE_SEM_REGISTRO(Classe, BaseDireta)                         \
   KX_DECLARA_CLASSE(Classe)                                                \
   friend struct kx::Motor;                                                 \
+  friend struct kx::Descritor;                                             \
   friend struct kx::Escrita;                                               \
   friend struct kx::Leitura;                                               \
                                                                            \
@@ -75,6 +79,7 @@ inline constexpr bool kDireta = requires {
   Classe& operator=(Classe&& outro) noexcept;                              \
   bool operator==(const Classe& outro) const;                              \
   bool operator!=(const Classe& outro) const { return !(*this == outro); } \
+  void Descreve(kx::Descricao& descricao) const;                           \
                                                                            \
  protected:                                                                \
   void OnLimpar() override;                                                \
@@ -145,6 +150,9 @@ inline constexpr bool kDireta = requires {
     if (origem == nullptr || origem == this) return;              \
     kx::Motor::Copia(*this, static_cast<const Classe&>(*origem)); \
     Base::OnCopiar(origem);                                       \
+  }                                                               \
+  void Classe::Descreve(kx::Descricao& descricao) const {         \
+    kx::Descritor::Objeto(*this, descricao);                      \
   }                                                               \
   bool Classe::OnEstaVazio() const { return Base::OnEstaVazio() && kx::Motor::EstaVazio(*this); }
 

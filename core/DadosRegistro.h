@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "core/Bloco.h"
+#include "core/Descreve.h"
 #include "kxldados/TKXBaseParaDados.h"
 
 // One record, held by value; it owns no memory beyond it.
@@ -31,6 +32,13 @@ class KX_API_MODELO T_KXDadosRegistro : public TKXBaseParaDados {
   REG& GetReg() { return _Reg; }
   const REG& GetReg() const { return _Reg; }
 
+  // Writes the fields that are not empty, where the record has a table (core/Descreve.h).
+  void Descreve(kx::Descricao& descricao) const requires requires { KXMetadados<REG>::kCampos; }
+  {
+    for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
+      if (campo.Papel == KXPapel::Campo) descricao.Campo(campo, &_Reg);
+    }
+  }
   // Clears the object and fills it from the record; null, or memory that cannot be read, clears.
   virtual void CopiarDe(const REG* origem) {
     Limpar();

@@ -110,8 +110,8 @@ struct Escrita {
       Escrita::Lista(lista, array, quantidade, De);
     }
     void Local(auto, auto...) const noexcept {}
-    void NaoComparado(auto) const noexcept {}
-    void Auxiliar(auto) const noexcept {}
+    void NaoComparado(auto, auto) const noexcept {}
+    void Auxiliar(auto, auto) const noexcept {}
   };
 };
 

@@ -112,7 +112,7 @@ class KX_API CKXDadosCM_Parcela : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Lista(&Esta::_ListaItemImposto, &Registro::ListaItemImposto, &Registro::QtdItemImposto);
-    v.Auxiliar(&Esta::_Bruto);
+    v.Auxiliar(KX_DO_OBJETO(Bruto));
   }
 
  private:
@@ -165,12 +165,12 @@ class KX_API CKXDadosCM_CondicaoPagamento : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_PonteiroTipoPeriodo);
-    v.Local(&Esta::_DataPrimeiroVencimento);
-    v.Local(&Esta::_PonteiroTipoCobranca);
-    v.Local(&Esta::_PonteiroCondicaoPagamento);
-    v.Local(&Esta::_ListaParcela);
-    v.Local(&Esta::_ListaTituloImposto);
+    v.Local(KX_DO_OBJETO(PonteiroTipoPeriodo));
+    v.Local(KX_DO_OBJETO(DataPrimeiroVencimento));
+    v.Local(KX_DO_OBJETO(PonteiroTipoCobranca));
+    v.Local(KX_DO_OBJETO(PonteiroCondicaoPagamento));
+    v.Local(KX_DO_OBJETO(ListaParcela));
+    v.Local(KX_DO_OBJETO(ListaTituloImposto));
   }
 
  private:

@@ -119,8 +119,8 @@ struct Leitura {
       Leitura::Lista(lista, array, quantidade, C::kPosicao);
     }
     void Local(auto, auto...) const noexcept {}
-    void NaoComparado(auto) const noexcept {}
-    void Auxiliar(auto) const noexcept {}
+    void NaoComparado(auto, auto) const noexcept {}
+    void Auxiliar(auto, auto) const noexcept {}
   };
 };
 

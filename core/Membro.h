@@ -2,7 +2,10 @@
 //   KX_MEMBRO(Classe, T, Nome) declares const T& GetNome() const, T& GetNome(),
 //   Classe& SetNome(const T&) and the member _Nome, initially zero or empty.
 //   KX_MEMBRO_POR_VALOR declares T GetNome() const in place of the two references.
+// KX_DO_OBJETO(Nome), in a class's Partes, names such a member and stands for it.
 #pragma once
+
+#define KX_DO_OBJETO(Nome) #Nome, &Esta::_##Nome
 
 #define KX_MEMBRO(Classe, T, Nome)               \
  public:                                         \

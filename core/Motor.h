@@ -1,6 +1,6 @@
 // What every class does with what it is made of, beside converting it: clear, copy, move, compare,
 // test for emptiness and for a fit in the record. A class says once what it has beside its record;
-// the functions here, in core/Escrita.h and in core/Leitura.h walk it.
+// the functions here, in core/Escrita.h, core/Leitura.h and core/Descritor.h walk it.
 //
 //   template <class V> static void Partes(V&& v) {
 //     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);  // child array
@@ -12,10 +12,10 @@
 //                                     // class's own CopiarPara cuts to may follow
 //     v.Terminado(&Esta::_Nome, &Registro::TextoNome);
 //     v.Condicao(&Esta::_CondicaoPagamento);  // travels in the fields that the record has for it
-//     v.Local(&Esta::_ListaLogs);     // lives only in the object; compared
-//     v.Local(&Esta::_Nivel, 1);      // the same, 1 when cleared
-//     v.NaoComparado(&Esta::_Vinculo);  // lives only in the object; not compared
-//     v.Auxiliar(&Esta::_Expandir);   // the same; an object with nothing else is empty
+//     v.Local(KX_DO_OBJETO(ListaLogs));     // lives only in the object; compared
+//     v.Local(KX_DO_OBJETO(Nivel), 1);      // the same, 1 when cleared
+//     v.NaoComparado(KX_DO_OBJETO(Vinculo));  // lives only in the object; not compared
+//     v.Auxiliar(KX_DO_OBJETO(Expandir));   // the same; an object with nothing else is empty
 //   }
 //
 // Internal to the library's sources: classes name kx::Motor as their friend.
@@ -28,6 +28,7 @@
 #include <utility>
 
 #include "core/ClasseDeRegistro.h"
+#include "core/Descritor.h"
 #include "core/Escrita.h"
 #include "core/Igualdade.h"
 #include "core/Leitura.h"
@@ -144,28 +145,29 @@ struct Motor {
     void Terminado(auto membro, auto) const noexcept { (Objeto.*membro).Empty(); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
     void Contado(auto membro, auto, auto...) const noexcept { (Objeto.*membro).Empty(); }
-    void Condicao(auto membro) const noexcept { Local(membro); }
-    void Local(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
-    void Local(auto membro, auto padrao) const noexcept { Objeto.*membro = padrao; }
-    void NaoComparado(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
-    void Auxiliar(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
+    void Condicao(auto membro) const noexcept { LimpaValor(Objeto.*membro); }
+    void Local(auto, auto membro) const noexcept { LimpaValor(Objeto.*membro); }
+    void Local(auto, auto membro, auto padrao) const noexcept { Objeto.*membro = padrao; }
+    void NaoComparado(auto, auto membro) const noexcept { LimpaValor(Objeto.*membro); }
+    void Auxiliar(auto, auto membro) const noexcept { LimpaValor(Objeto.*membro); }
   };
 
   template <class C>
   struct Copiador {
     C& Destino;
     const C& Origem;
-    void Lista(auto membro, auto, auto) const { Destino.*membro = Origem.*membro; }
+    void Lista(auto membro, auto, auto) const { Copia(membro); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
-    void ListaNaoComparada(auto membro, auto, auto) const { Local(membro); }
-    void ListaSoLida(auto membro, auto, auto) const { Local(membro); }
-    void Corrido(auto membro, auto, auto, auto...) const { Local(membro); }
-    void Terminado(auto membro, auto) const { Local(membro); }
-    void Contado(auto membro, auto, auto...) const { Destino.*membro = Origem.*membro; }
-    void Condicao(auto membro) const { Local(membro); }
-    void Local(auto membro, auto...) const { Destino.*membro = Origem.*membro; }
-    void NaoComparado(auto membro) const { Local(membro); }
-    void Auxiliar(auto membro) const { Local(membro); }
+    void ListaNaoComparada(auto membro, auto, auto) const { Copia(membro); }
+    void ListaSoLida(auto membro, auto, auto) const { Copia(membro); }
+    void Corrido(auto membro, auto, auto, auto...) const { Copia(membro); }
+    void Terminado(auto membro, auto) const { Copia(membro); }
+    void Contado(auto membro, auto, auto...) const { Copia(membro); }
+    void Condicao(auto membro) const { Copia(membro); }
+    void Local(auto, auto membro, auto...) const { Copia(membro); }
+    void NaoComparado(auto, auto membro) const { Copia(membro); }
+    void Auxiliar(auto, auto membro) const { Copia(membro); }
+    void Copia(auto membro) const { Destino.*membro = Origem.*membro; }
   };
 
   template <class C>
@@ -180,9 +182,9 @@ struct Motor {
     void Terminado(auto membro, auto) const noexcept { Troca(membro); }
     void Contado(auto membro, auto, auto...) const noexcept { Troca(membro); }
     void Condicao(auto membro) const noexcept { Troca(membro); }
-    void Local(auto membro, auto...) const noexcept { Troca(membro); }
-    void NaoComparado(auto membro) const noexcept { Troca(membro); }
-    void Auxiliar(auto membro) const noexcept { Troca(membro); }
+    void Local(auto, auto membro, auto...) const noexcept { Troca(membro); }
+    void NaoComparado(auto, auto membro) const noexcept { Troca(membro); }
+    void Auxiliar(auto, auto membro) const noexcept { Troca(membro); }
     void Troca(auto membro) const noexcept { Destino.*membro = std::move(Origem.*membro); }
   };
 
@@ -199,9 +201,9 @@ struct Motor {
     void Terminado(auto membro, auto) { Compara(membro); }
     void Contado(auto membro, auto, auto...) { Compara(membro); }
     void Condicao(auto membro) { Compara(membro); }
-    void Local(auto membro, auto...) { Compara(membro); }
-    void NaoComparado(auto) const noexcept {}
-    void Auxiliar(auto) const noexcept {}
+    void Local(auto, auto membro, auto...) { Compara(membro); }
+    void NaoComparado(auto, auto) const noexcept {}
+    void Auxiliar(auto, auto) const noexcept {}
     void Compara(auto membro) { Resultado = Resultado && A.*membro == B.*membro; }
   };
 
@@ -217,10 +219,12 @@ struct Motor {
     void Terminado(auto membro, auto) { Testa(membro); }
     void Contado(auto membro, auto, auto...) { Testa(membro); }
     void Condicao(auto membro) { Testa(membro); }
-    void Local(auto membro) { Testa(membro); }
-    void Local(auto membro, auto padrao) { Resultado = Resultado && Objeto.*membro == padrao; }
-    void NaoComparado(auto membro) { Testa(membro); }
-    void Auxiliar(auto) const noexcept {}
+    void Local(auto, auto membro) { Testa(membro); }
+    void Local(auto, auto membro, auto padrao) {
+      Resultado = Resultado && Objeto.*membro == padrao;
+    }
+    void NaoComparado(auto, auto membro) { Testa(membro); }
+    void Auxiliar(auto, auto) const noexcept {}
     void Testa(auto membro) { Resultado = Resultado && ValorVazio(Objeto.*membro); }
   };
 
@@ -247,8 +251,8 @@ struct Motor {
       });
     }
     void Local(auto, auto...) const noexcept {}
-    void NaoComparado(auto) const noexcept {}
-    void Auxiliar(auto) const noexcept {}
+    void NaoComparado(auto, auto) const noexcept {}
+    void Auxiliar(auto, auto) const noexcept {}
     void Texto(const CString& texto, std::size_t maximo) {
       Resultado = Resultado && texto.Vista().size() <= maximo;
     }

@@ -40,6 +40,6 @@ class KX_API CKXDadosCM_RateioBase : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_ListaGerencial);
+    v.Local(KX_DO_OBJETO(ListaGerencial));
   }
 };

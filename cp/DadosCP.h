@@ -64,7 +64,7 @@ class KX_API CKXDadosCM_FornecedorCotacaoPreco : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_DesconsiderarSituacao);
+    v.Local(KX_DO_OBJETO(DesconsiderarSituacao));
     v.Contado(&Esta::_NomeFornecedor, &Registro::NomeFornecedor);
     v.Contado(&Esta::_Observacao, &Registro::Observacao);
     v.Condicao(&Esta::_CondicaoPagamento);
@@ -101,7 +101,7 @@ class KX_API CKXDadosCM_ItemCotacaoPreco : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Contado(&Esta::_Complemento, &Registro::Complemento);
     v.Contado(&Esta::_Observacao, &Registro::Observacao);
-    v.Auxiliar(&Esta::_DesconsiderarRateio);
+    v.Auxiliar(KX_DO_OBJETO(DesconsiderarRateio));
   }
 };
 
@@ -157,7 +157,7 @@ class KX_API CKXDadosCM_CotacaoPreco : public TKXCMBaseParaDados {
     v.Lista(&Esta::_ListaFornecedor, &Registro::ListaFornecedor, &Registro::QtdFornecedor);
     v.Lista(&Esta::_ListaAcompanhamento, &Registro::ListaAcompanhamento,
             &Registro::QtdAcompanhamento);
-    v.Local(&Esta::_Vinculo);
-    v.NaoComparado(&Esta::_ListaLogs);
+    v.Local(KX_DO_OBJETO(Vinculo));
+    v.NaoComparado(KX_DO_OBJETO(ListaLogs));
   }
 };

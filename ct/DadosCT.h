@@ -91,10 +91,10 @@ class KX_API CKXDadosCM_CTConhecimentoTransporte : public TKXCMBaseParaDados {
   template <class V>
   static void Partes(V&& v) {
     v.Condicao(&Esta::_CondicaoPagamento);
-    v.NaoComparado(&Esta::_Vinculo);
+    v.NaoComparado(KX_DO_OBJETO(Vinculo));
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Lista(&Esta::_ListaNotaFiscal, &Registro::ListaNotaFiscal, &Registro::QtdNotaFiscal);
-    v.Local(&Esta::_ListaLogs);
+    v.Local(KX_DO_OBJETO(ListaLogs));
     v.Lista(&Esta::_ListaOCAssociada, &Registro::ListaOCAssociada, &Registro::QtdOCAssociada);
     v.Lista(&Esta::_ListaProcessoRetencaoAjuizada, &Registro::ListaProcessoRetencaoAjuizada,
             &Registro::QtdProcessoRetencaoAjuizada);

@@ -79,8 +79,8 @@ class KX_API CKXDadosCM_OrdemCompra : public TKXCMBaseParaDados {
     v.Condicao(&Esta::_CondicaoPagamento);
     v.ListaSoLida(&Esta::_ListaCancelamento, &Registro::ListaCancelamento,
                   &Registro::QtdCancelamento);
-    v.NaoComparado(&Esta::_ListaLogs);
-    v.NaoComparado(&Esta::_Vinculo);
+    v.NaoComparado(KX_DO_OBJETO(ListaLogs));
+    v.NaoComparado(KX_DO_OBJETO(Vinculo));
   }
 
  private:

@@ -114,7 +114,7 @@ class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
 
   template <class V>
   static void Partes(V&& v) {
-    v.Auxiliar(&Esta::_ExpandirGrid);
+    v.Auxiliar(KX_DO_OBJETO(ExpandirGrid));
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Lista(&Esta::_ListaProgramacao, &Registro::ListaProgramacao, &Registro::QtdProgramacao);
     v.ListaNaoComparada(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);

@@ -138,22 +138,22 @@ class KX_API CKXDadosCM_RERegistroEntrada : public TKXCMBaseParaDados {
     v.Condicao(&Esta::_CondicaoPagamento);
     v.Contado(&Esta::_ObservacaoGeral, &Registro::ObservacaoGeral, kMaximoObservacao);
     v.Contado(&Esta::_ObservacaoFisco, &Registro::ObservacaoFisco, kMaximoObservacao);
-    v.NaoComparado(&Esta::_Vinculo);
-    v.NaoComparado(&Esta::_FornecedorRecebimento);
-    v.Auxiliar(&Esta::_IgnorarVerificacaoAssocicaoOCProduto);
-    v.Auxiliar(&Esta::_IgnorarDestinosDiferentesProduto);
-    v.Auxiliar(&Esta::_IgnorarDestinosDiferentesServico);
+    v.NaoComparado(KX_DO_OBJETO(Vinculo));
+    v.NaoComparado(KX_DO_OBJETO(FornecedorRecebimento));
+    v.Auxiliar(KX_DO_OBJETO(IgnorarVerificacaoAssocicaoOCProduto));
+    v.Auxiliar(KX_DO_OBJETO(IgnorarDestinosDiferentesProduto));
+    v.Auxiliar(KX_DO_OBJETO(IgnorarDestinosDiferentesServico));
     v.Lista(&Esta::_ListaProduto, &Registro::ListaProduto, &Registro::QtdProduto);
     v.Lista(&Esta::_ListaServico, &Registro::ListaServico, &Registro::QtdServico);
     v.Lista(&Esta::_ListaAssociacaoREOC, &Registro::ListaAssociacaoREOC,
             &Registro::QtdAssociacaoREOC);
     v.Lista(&Esta::_ListaReferidas, &Registro::ListaReferidas, &Registro::QtdReferidas);
-    v.Local(&Esta::_ListaLogs);
+    v.Local(KX_DO_OBJETO(ListaLogs));
     v.Lista(&Esta::_ListaObservacoesCFOP, &Registro::ListaObservacoesCFOP,
             &Registro::QtdObservacoesCFOP);
-    v.Local(&Esta::_ListaPosicaoProdutoRecebimento);
-    v.Auxiliar(&Esta::_LiberouAlteracaoVlrUnitOC);
-    v.Auxiliar(&Esta::_Integrar);
+    v.Local(KX_DO_OBJETO(ListaPosicaoProdutoRecebimento));
+    v.Auxiliar(KX_DO_OBJETO(LiberouAlteracaoVlrUnitOC));
+    v.Auxiliar(KX_DO_OBJETO(Integrar));
   }
 
  private:

@@ -80,8 +80,8 @@ class KX_API CKXDadosCM_REQualEntradaEstoqueTipo : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_Tipo);
-    v.Local(&Esta::_Nome);
+    v.Local(KX_DO_OBJETO(Tipo));
+    v.Local(KX_DO_OBJETO(Nome));
   }
 };
 
@@ -126,30 +126,30 @@ class KX_API CKXDadosCM_REQualEntradaEstoque : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_UsaTipo);
-    v.Local(&Esta::_UsaSaidaLocal);
-    v.Local(&Esta::_UsaSaidaMovOriEstoque);
-    v.Local(&Esta::_UsaSaidaClassificacao);
-    v.Local(&Esta::_UsaOrigemClassificacaoRateio);
-    v.Local(&Esta::_UsaEntradaLocal);
-    v.Local(&Esta::_UsaEntradaClassificacao);
-    v.Local(&Esta::_UsaEntradaCFRT);
-    v.Local(&Esta::_UsaEntradaProduto);
-    v.Local(&Esta::_UsaEntradaLote);
-    v.Local(&Esta::_UsaComposicao);
-    v.Local(&Esta::_UsaGerencial);
-    v.Local(&Esta::_CFRT_Eh_Possuidor);
-    v.Local(&Esta::_CFRT_Eh_Proprietario);
-    v.Local(&Esta::_QuemContabilizouES, std::uint8_t{1});
-    v.Local(&Esta::_NivelDetalheEntrada);
-    v.Local(&Esta::_NivelDetalheSaida);
-    v.Local(&Esta::_CaracteristicaCFRT, std::uint16_t{12});
-    v.Local(&Esta::_CaracteristicaLocal, std::uint16_t{512});
-    v.Local(&Esta::_LabelCFRT);
-    v.Local(&Esta::_LabelSaidaClassificacao);
-    v.Local(&Esta::_LabelTipo);
-    v.Local(&Esta::_ListaTipo);
-    v.Local(&Esta::_ListaTipoLocalEntrada);
-    v.Local(&Esta::_ListaTipoLocalSaida);
+    v.Local(KX_DO_OBJETO(UsaTipo));
+    v.Local(KX_DO_OBJETO(UsaSaidaLocal));
+    v.Local(KX_DO_OBJETO(UsaSaidaMovOriEstoque));
+    v.Local(KX_DO_OBJETO(UsaSaidaClassificacao));
+    v.Local(KX_DO_OBJETO(UsaOrigemClassificacaoRateio));
+    v.Local(KX_DO_OBJETO(UsaEntradaLocal));
+    v.Local(KX_DO_OBJETO(UsaEntradaClassificacao));
+    v.Local(KX_DO_OBJETO(UsaEntradaCFRT));
+    v.Local(KX_DO_OBJETO(UsaEntradaProduto));
+    v.Local(KX_DO_OBJETO(UsaEntradaLote));
+    v.Local(KX_DO_OBJETO(UsaComposicao));
+    v.Local(KX_DO_OBJETO(UsaGerencial));
+    v.Local(KX_DO_OBJETO(CFRT_Eh_Possuidor));
+    v.Local(KX_DO_OBJETO(CFRT_Eh_Proprietario));
+    v.Local(KX_DO_OBJETO(QuemContabilizouES), std::uint8_t{1});
+    v.Local(KX_DO_OBJETO(NivelDetalheEntrada));
+    v.Local(KX_DO_OBJETO(NivelDetalheSaida));
+    v.Local(KX_DO_OBJETO(CaracteristicaCFRT), std::uint16_t{12});
+    v.Local(KX_DO_OBJETO(CaracteristicaLocal), std::uint16_t{512});
+    v.Local(KX_DO_OBJETO(LabelCFRT));
+    v.Local(KX_DO_OBJETO(LabelSaidaClassificacao));
+    v.Local(KX_DO_OBJETO(LabelTipo));
+    v.Local(KX_DO_OBJETO(ListaTipo));
+    v.Local(KX_DO_OBJETO(ListaTipoLocalEntrada));
+    v.Local(KX_DO_OBJETO(ListaTipoLocalSaida));
   }
 };

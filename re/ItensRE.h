@@ -26,8 +26,8 @@ class KX_API CKXDadosCM_REItemAssociacaoREOC : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Auxiliar(&Esta::_CancelarItem);
-    v.Auxiliar(&Esta::_EhIncluirTodos);
+    v.Auxiliar(KX_DO_OBJETO(CancelarItem));
+    v.Auxiliar(KX_DO_OBJETO(EhIncluirTodos));
   }
 };
 
@@ -60,9 +60,9 @@ class KX_API CKXDadosCM_REFormacaoPrecoVenda : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_PosicaoProduto);
-    v.Local(&Esta::_PosicaoMargemLucro);
-    v.Local(&Esta::_RegPosicaoProduto);
+    v.Local(KX_DO_OBJETO(PosicaoProduto));
+    v.Local(KX_DO_OBJETO(PosicaoMargemLucro));
+    v.Local(KX_DO_OBJETO(RegPosicaoProduto));
   }
 };
 
@@ -87,7 +87,7 @@ class KX_API CKXDadosCM_REItemBase : public TKXCMBaseParaDados {
  protected:
   template <class V>
   static void Partes(V&& v) {
-    v.Local(&Esta::_ListaItemAssociacao);
+    v.Local(KX_DO_OBJETO(ListaItemAssociacao));
   }
 };
 

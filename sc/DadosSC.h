@@ -126,7 +126,7 @@ class KX_API CKXDadosCM_SCSolicitacaoCompra : public TKXCMBaseParaDados {
   static void Partes(V&& v) {
     v.Corrido(&Esta::_Observacao, &Registro::TextoObservacao, &Registro::TamanhoObservacao,
               kMaximoObservacao);
-    v.Local(&Esta::_Vinculo);
+    v.Local(KX_DO_OBJETO(Vinculo));
     v.Lista(&Esta::_ListaItem, &Registro::ListaItem, &Registro::QtdItem);
     v.Lista(&Esta::_ListaFornecedor, &Registro::ListaFornecedor, &Registro::QtdFornecedor);
     v.Corrido(&Esta::_LocalEntrega, &Registro::TextoLocalEntrega, &Registro::TamanhoLocalEntrega);

@@ -96,6 +96,10 @@ void JuntaClasse(std::vector<Classe>& classes) {
           const bool iguais = De<C>(a) == De<C>(b);
           return iguais && !(De<C>(a) != De<C>(b));
         },
+        [](const Base& o) {
+          if constexpr (kx::Descritivel<C>) return kx::Descreve(De<C>(o));
+          return std::string("(none)");
+        },
         {}};
     if constexpr (requires { typename C::Registro; }) {
       using REG = typename C::Registro;

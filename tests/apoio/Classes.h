@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "core/Bloco.h"
@@ -32,6 +33,7 @@ struct Classe {
   void (*Atribui)(Base&, const Base&);
   void (*AtribuiMovendo)(Base&, Base&);
   bool (*Iguais)(const Base&, const Base&);
+  std::string (*Descreve)(const Base&);
   std::vector<Parte> Partes;
 
   // Null for a class without a record.

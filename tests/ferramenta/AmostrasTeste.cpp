@@ -111,7 +111,7 @@ double Campo(const std::string& saida, const std::string& nome) {
 }
 
 std::ptrdiff_t Elementos(const std::string& saida, const std::string& lista) {
-  const std::regex linha("\n    " + lista + " \\d+ de ");
+  const std::regex linha("\n +" + lista + " \\d+ de ");
   return std::distance(std::sregex_iterator(saida.begin(), saida.end(), linha),
                        std::sregex_iterator());
 }
@@ -133,7 +133,7 @@ void ConfereConhecimento(const nlohmann::json& esperado, const std::string& said
                                                 esperado.at("infNF").get<int>() +
                                                 esperado.at("infOutros").get<int>());
   EXPECT_EQ(Elementos(saida, "Parcela"), esperado.at("dups").get<int>());
-  const std::string parcelas = saida.substr(std::min(saida.find("\n    Parcela"), saida.size()));
+  const std::string parcelas = saida.substr(std::min(saida.find("\n      Parcela"), saida.size()));
   EXPECT_DOUBLE_EQ(Campo(parcelas, "Valor"), Decimal(esperado.at("dup_sum")));
   std::smatch soma;
   if (std::regex_search(saida, soma, std::regex("    vTPrest +(\\S+)"))) {

@@ -47,14 +47,10 @@ TEST_F(FerramentaTeste, CamposDoConhecimento) {
         "    ICMSUFRemetente: 1,25",
         "    PonteiroFilial: 7",
         "    PonteiroTransportadora: 9",
-        "    PonteiroTipoCobranca: 4",
         "    Observacao: Coleta às 8h",
         "    EstadoOrigem: PR",
         "    EstadoDestino: SP",
         "    ManterParcelasOriginaisCTe: 1",
-        "    Parcela 1 de 1",
-        "      DataHoraVencimento: 08/04/2026",
-        "      NumeroDocumento: 001",
         "    NotaFiscal 1 de 3",
         "      RegNFe: 35260344555666000172550020000091541000091545",
         "      NumeroNF: 9154",
@@ -68,7 +64,12 @@ TEST_F(FerramentaTeste, CamposDoConhecimento) {
         "      PesoBrutoTotal: 12,50",
         "    NotaFiscal 3 de 3",
         "      NumeroNF: 77",
-        "      ValorDocumentoFiscal: 10,00"}) {
+        "      ValorDocumentoFiscal: 10,00",
+        "    CondicaoPagamento",
+        "      PonteiroTipoCobranca: 4",
+        "      Parcela 1 de 1",
+        "        RegDataVencimento: 08/04/2026",
+        "        NumeroDocumento: 001"}) {
     EXPECT_TRUE(Contem("\n" + e.Saida, std::string("\n") + linha + "\n")) << linha << '\n'
                                                                           << e.Saida;
   }

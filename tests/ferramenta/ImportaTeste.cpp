@@ -198,9 +198,7 @@ TEST_F(FerramentaTeste, CamposComoAsPessoasEscrevem) {
                              NotaDeExemplo(kLotes));
   for (const char* linha : {"    PonteiroFilial: 7",
                             "    PonteiroFornecedor: 2147483647",
-                            "    PonteiroCondicaoPagamento: 30",
                             "    RegDataEmissao: 16/03/2026",
-                            "    DataPrimeiroVencimento: 15/04/2026",
                             "    ValorTotalNotaFiscalNFe: 2.234,00",
                             "    PesoLiquidoTotal: 38,40",
                             "    QtdVolumes: 4",
@@ -218,9 +216,12 @@ TEST_F(FerramentaTeste, CamposComoAsPessoasEscrevem) {
                             "    Referidas 1 de 1",
                             "      NumeroNotaFiscalOrigem: 9077",
                             "      ModeloNotaFiscalOrigem: 55",
-                            "    Parcela 1 de 1",
-                            "      NumeroDocumento: 001",
-                            "      Observacao: 5933 Venda e prestação de serviço"}) {
+                            "      Observacao: 5933 Venda e prestação de serviço",
+                            "    CondicaoPagamento",
+                            "      DataPrimeiroVencimento: 15/04/2026",
+                            "      PonteiroCondicaoPagamento: 30",
+                            "      Parcela 1 de 1",
+                            "        NumeroDocumento: 001"}) {
     EXPECT_TRUE(Contem(e.Saida, std::string("\n") + linha + "\n")) << linha << '\n' << e.Saida;
   }
   EXPECT_FALSE(Contem(e.Saida, "PonteiroOperacao"));

@@ -88,6 +88,17 @@ void EscreveFim(std::ostream& saida, const Documento& documento, const Viagem& v
   if (!viagem.Campos.empty()) saida << "  campos\n" << viagem.Campos;
 }
 
+// Each line below the headings of the report.
+std::string Recuado(std::string_view linhas) {
+  std::string recuado;
+  while (!linhas.empty()) {
+    const std::size_t fim = linhas.find('\n') + 1;
+    recuado.append(4, ' ').append(linhas.substr(0, fim));
+    linhas.remove_prefix(fim);
+  }
+  return recuado;
+}
+
 void EscreveChave(std::ostream& saida, const _KX_NFE_ps& chave) {
   const std::string texto = kx::TextoDeChave(chave);
   Rotulo(saida, "chave") << (texto.empty() ? "(nenhuma)" : texto) << '\n';
@@ -97,8 +108,7 @@ void EscreveChave(std::ostream& saida, const _KX_NFE_ps& chave) {
 
 template <class Objeto>
 Viagem Viaja(const Objeto& objeto, bool comCampos) {
-  const KXRegistroInfo& info = KXMetadados<typename Objeto::Registro>::kInfo;
-  const kx::RegistroDe ida(objeto);
+  kx::RegistroDe ida(objeto);
   Objeto volta;
   volta.CopiarDe(ida.GetPtr());
 
@@ -106,13 +116,8 @@ Viagem Viaja(const Objeto& objeto, bool comCampos) {
   viagem.Igual = volta == objeto;
   unsigned long inicio = 0;
   viagem.Checksum = static_cast<std::uint32_t>(objeto.CalculaCRC(&inicio));
-  viagem.Registro = MedeRegistro(info, ida.GetPtr());
-  if (comCampos) {
-    std::ostringstream campos;
-    campos.exceptions(std::ios::badbit);
-    EscreveCampos(campos, info, ida.GetPtr(), 2);
-    viagem.Campos = campos.str();
-  }
+  viagem.Registro = MedeRegistro(*ida);
+  if (comCampos) viagem.Campos = Recuado(kx::Descreve(objeto));
   return viagem;
 }
 

@@ -5,9 +5,9 @@
 #include <iosfwd>
 #include <string>
 
-#include "Campos.h"
 #include "ImportaCTe.h"
 #include "ImportaNFe.h"
+#include "Medida.h"
 
 namespace kxdados {
 
