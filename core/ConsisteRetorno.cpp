@@ -88,8 +88,12 @@ CKXDadosCM_ConsisteRetorno& CKXDadosCM_ConsisteRetorno::operator=(
 
 CKXDadosCM_ConsisteRetorno::~CKXDadosCM_ConsisteRetorno() = default;
 
+CString CKXDadosCM_ConsisteRetorno::RotuloCampoPersonalizado(const long& codigo) {
+  return RotuloDoCodigo(codigo);
+}
+
 CString CKXDadosCM_ConsisteRetorno::MontaMensagemErroCamposPersonalizados(const long& codigo) {
-  return CString(RotuloDoCodigo(codigo)) + " deve ser informado.";
+  return RotuloCampoPersonalizado(codigo) + " deve ser informado.";
 }
 
 void CKXDadosCM_ConsisteRetorno::OnLimpar() {

@@ -37,8 +37,12 @@ class KX_API CKXDadosCM_ConsisteRetorno : public TKXConsisteRetorno {
   CKXDadosCM_ConsisteRetorno& operator=(CKXDadosCM_ConsisteRetorno&& outro) noexcept;
   ~CKXDadosCM_ConsisteRetorno() override;
 
-  // "<label> deve ser informado." (Latin-1), for a required user-defined field that was left empty.
-  // The label is empty for a code that is not of such a field.
+  // The label of a user-defined field, "Vendedor" (Latin-1), by the field's code, from 5 to 869. A
+  // code that is not of such a field has the empty label: that is no error.
+  static CString RotuloCampoPersonalizado(const long& codigo);
+  // "<label> deve ser informado.", for a required user-defined field that was left empty. With the
+  // empty label it reads " deve ser informado.", blank included: whoever may have another code asks
+  // for the label first.
   static CString MontaMensagemErroCamposPersonalizados(const long& codigo);
 
  protected:

@@ -7,6 +7,7 @@
 // comes back from it unchanged. All of it throws std::bad_alloc alone.
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,16 @@ KX_API std::string UTF8DeLatin1(std::string_view latin1);
 
 // The same on one line, for reports: control characters become blanks.
 KX_API std::string LinhaDeLatin1(std::string_view latin1);
+
+// Both for a text of an object.
+template <std::same_as<CString> Texto>
+std::string UTF8DeLatin1(const Texto& latin1) {
+  return UTF8DeLatin1(latin1.Vista());
+}
+template <std::same_as<CString> Texto>
+std::string LinhaDeLatin1(const Texto& latin1) {
+  return LinhaDeLatin1(latin1.Vista());
+}
 
 // Characters that Latin-1 does not have become their usual replacement (curly quotes, dashes, the
 // euro sign...) or '?', and so does each byte that starts no well-formed sequence.

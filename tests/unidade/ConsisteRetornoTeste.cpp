@@ -15,13 +15,13 @@ namespace {
 constexpr std::string_view kFinal = " deve ser informado.";
 
 std::string Mensagem(long codigo) {
-  return CKXDadosCM_ConsisteRetorno::MontaMensagemErroCamposPersonalizados(codigo).GetString();
+  return std::string(CKXDadosCM_ConsisteRetorno::MontaMensagemErroCamposPersonalizados(codigo));
 }
 
 std::string Rotulo(long codigo) {
-  const std::string mensagem = Mensagem(codigo);
-  EXPECT_TRUE(mensagem.ends_with(kFinal)) << codigo;
-  return mensagem.substr(0, mensagem.size() - kFinal.size());
+  std::string rotulo(CKXDadosCM_ConsisteRetorno::RotuloCampoPersonalizado(codigo));
+  EXPECT_EQ(Mensagem(codigo), rotulo + std::string(kFinal)) << codigo;
+  return rotulo;
 }
 
 }  // namespace

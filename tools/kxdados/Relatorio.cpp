@@ -127,8 +127,8 @@ template Viagem Viaja(const CKXDadosCM_CTConhecimentoTransporte& objeto, bool co
 void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota& nota,
                       const Viagem& viagem) {
   const Entrada& entrada = nota.Entrada;
-  saida << origem << ": nota " << kx::LinhaDeLatin1(entrada.GetNumeroNotaFiscal().Vista())
-        << ", série " << kx::LinhaDeLatin1(entrada.GetSerieNotaFiscal().Vista()) << ", emitida em "
+  saida << origem << ": nota " << kx::LinhaDeLatin1(entrada.GetNumeroNotaFiscal()) << ", série "
+        << kx::LinhaDeLatin1(entrada.GetSerieNotaFiscal()) << ", emitida em "
         << kx::TextoDeData(entrada.GetRegDataEmissao()) << '\n';
   EscreveChave(saida, entrada.GetRegNFe());
   Rotulo(saida, "emitente") << nota.Emitente << '\n';
@@ -141,8 +141,8 @@ void EscreveRelatorio(std::ostream& saida, const std::string& origem,
                       const Conhecimento& conhecimento, const Viagem& viagem) {
   const auto& objeto = conhecimento.Objeto;
   saida << origem << ": conhecimento "
-        << kx::LinhaDeLatin1(objeto.GetNumeroConhecimentoTransporte().Vista()) << ", série "
-        << kx::LinhaDeLatin1(objeto.GetSerieConhecimentoTransporte().Vista()) << ", emitido em "
+        << kx::LinhaDeLatin1(objeto.GetNumeroConhecimentoTransporte()) << ", série "
+        << kx::LinhaDeLatin1(objeto.GetSerieConhecimentoTransporte()) << ", emitido em "
         << kx::TextoDeData(objeto.GetRegDataEmissao()) << '\n';
   EscreveChave(saida, objeto.GetRegCTe());
   Rotulo(saida, "emitente") << conhecimento.Emitente << '\n';
