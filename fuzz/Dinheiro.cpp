@@ -47,6 +47,8 @@ void ExigeContas(CY a, CY b) {
   KX_EXIGE(x - y == Dentro(va - vb));
   KX_EXIGE(-x == Dentro(-va));
   KX_EXIGE(x * y == Dentro(Divide(va * vb, kEscala)));
+  KX_EXIGE(x * b.int64 == Dentro(va * vb));
+  KX_EXIGE(x / b.int64 == (vb == 0 ? CY{} : Dentro(Divide(va, vb))));
   KX_EXIGE(x / y == (vb == 0 ? CY{} : Dentro(Divide(va * kEscala, vb))));
   KX_EXIGE((x < y) == (va < vb) && (x == y) == (va == vb));
 }
@@ -64,6 +66,9 @@ void ExigeIdaEVolta(CY valor, int minimo) {
   const std::string texto = kx::TextoDeDinheiro(valor, minimo);
   CY lido{};
   KX_EXIGE(kx::DinheiroDeTexto(SemMilhares(texto), lido) == kx::ErroDinheiro::Nenhum, texto);
+  KX_EXIGE(lido == valor, texto);
+  lido = {};
+  KX_EXIGE(kx::DinheiroDeTextoBrasileiro(texto, lido) == kx::ErroDinheiro::Nenhum, texto);
   KX_EXIGE(lido == valor, texto);
   const std::size_t virgula = texto.find(',');
   const std::size_t casas = virgula == std::string::npos ? 0 : texto.size() - virgula - 1;
@@ -128,6 +133,10 @@ void ExigeLeitura(const std::string& texto) {
   CY lido = kAntes;
   KX_EXIGE(kx::DinheiroDeTexto(texto, lido) == esperada.Erro, texto);
   KX_EXIGE(lido == (esperada.Erro == kx::ErroDinheiro::Nenhum ? esperada.Valor : kAntes), texto);
+
+  // The other reading: what it takes is what the writing gives, signs of zero and zeros apart.
+  if (kx::DinheiroDeTextoBrasileiro(texto, lido) != kx::ErroDinheiro::Nenhum) return;
+  KX_EXIGE(LePlano(SemMilhares(texto)).Valor == lido, texto);
 }
 
 // Digits for most bytes, so that few texts are refused.

@@ -60,19 +60,21 @@ Divisao Divide(Largo dividendo, std::uint64_t divisor) {
   return {true, quociente, resto};
 }
 
-// a * b / divisor, rounded half to even; zero without a result.
-std::int64_t MultiplicaDivide(std::uint64_t a, std::uint64_t b, std::uint64_t divisor,
-                              bool negativo) {
-  if (divisor == 0) return 0;
+// a * b / divisor, rounded half to even.
+std::optional<CKXCurrencyEx> MultiplicaDivide(std::uint64_t a, std::uint64_t b,
+                                              std::uint64_t divisor, bool negativo) {
+  if (divisor == 0) return {};
   Divisao divisao = Divide(Multiplica(a, b), divisor);
-  if (!divisao.Coube || divisao.Quociente > kMaximo + 1) return 0;
+  if (!divisao.Coube || divisao.Quociente > kMaximo + 1) return {};
   const std::uint64_t falta = divisor - divisao.Resto;
   const bool impar = (divisao.Quociente & 1U) != 0;
   if (divisao.Resto > falta || (divisao.Resto == falta && impar)) ++divisao.Quociente;
-  std::int64_t valor = 0;
-  ComSinal(negativo, divisao.Quociente, valor);
+  CY valor{};
+  if (!ComSinal(negativo, divisao.Quociente, valor.int64)) return {};
   return valor;
 }
+
+std::int64_t Numero(const CKXCurrencyEx& valor) { return CY(valor).int64; }
 
 bool EhDigito(char c) { return c >= '0' && c <= '9'; }
 
@@ -102,36 +104,72 @@ bool ArredondaParaCima(std::string_view sobra, bool impar) {
 
 }  // namespace
 
+namespace kx {
+
+std::optional<CKXCurrencyEx> Soma(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
+  const std::int64_t x = Numero(a);
+  const std::int64_t y = Numero(b);
+  const bool coube = y > 0 ? x <= std::numeric_limits<std::int64_t>::max() - y
+                           : x >= std::numeric_limits<std::int64_t>::min() - y;
+  if (!coube) return {};
+  return CY{x + y};
+}
+
+std::optional<CKXCurrencyEx> Diferenca(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
+  const std::int64_t x = Numero(a);
+  const std::int64_t y = Numero(b);
+  const bool coube = y < 0 ? x <= std::numeric_limits<std::int64_t>::max() + y
+                           : x >= std::numeric_limits<std::int64_t>::min() + y;
+  if (!coube) return {};
+  return CY{x - y};
+}
+
+std::optional<CKXCurrencyEx> Produto(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
+  const std::int64_t x = Numero(a);
+  const std::int64_t y = Numero(b);
+  return MultiplicaDivide(Modulo(x), Modulo(y), kEscala, (x < 0) != (y < 0));
+}
+
+std::optional<CKXCurrencyEx> Quociente(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
+  const std::int64_t x = Numero(a);
+  const std::int64_t y = Numero(b);
+  return MultiplicaDivide(Modulo(x), kEscala, Modulo(y), (x < 0) != (y < 0));
+}
+
+std::optional<CKXCurrencyEx> Produto(const CKXCurrencyEx& a, Inteiro b) noexcept {
+  const std::int64_t x = Numero(a);
+  return MultiplicaDivide(Modulo(x), b.Modulo(), 1, (x < 0) != b.Negativo());
+}
+
+std::optional<CKXCurrencyEx> Quociente(const CKXCurrencyEx& a, Inteiro b) noexcept {
+  const std::int64_t x = Numero(a);
+  return MultiplicaDivide(Modulo(x), 1, b.Modulo(), (x < 0) != b.Negativo());
+}
+
+}  // namespace kx
+
 CKXCurrencyEx& CKXCurrencyEx::operator+=(const CKXCurrencyEx& outro) noexcept {
-  const std::int64_t a = _Valor.int64;
-  const std::int64_t b = outro._Valor.int64;
-  const bool coube = b > 0 ? a <= std::numeric_limits<std::int64_t>::max() - b
-                           : a >= std::numeric_limits<std::int64_t>::min() - b;
-  _Valor.int64 = coube ? a + b : 0;
-  return *this;
+  return *this = kx::Soma(*this, outro).value_or(CKXCurrencyEx());
 }
 
 CKXCurrencyEx& CKXCurrencyEx::operator-=(const CKXCurrencyEx& outro) noexcept {
-  const std::int64_t a = _Valor.int64;
-  const std::int64_t b = outro._Valor.int64;
-  const bool coube = b < 0 ? a <= std::numeric_limits<std::int64_t>::max() + b
-                           : a >= std::numeric_limits<std::int64_t>::min() + b;
-  _Valor.int64 = coube ? a - b : 0;
-  return *this;
+  return *this = kx::Diferenca(*this, outro).value_or(CKXCurrencyEx());
 }
 
 CKXCurrencyEx& CKXCurrencyEx::operator*=(const CKXCurrencyEx& outro) noexcept {
-  const std::int64_t a = _Valor.int64;
-  const std::int64_t b = outro._Valor.int64;
-  _Valor.int64 = MultiplicaDivide(Modulo(a), Modulo(b), kEscala, (a < 0) != (b < 0));
-  return *this;
+  return *this = kx::Produto(*this, outro).value_or(CKXCurrencyEx());
 }
 
 CKXCurrencyEx& CKXCurrencyEx::operator/=(const CKXCurrencyEx& outro) noexcept {
-  const std::int64_t a = _Valor.int64;
-  const std::int64_t b = outro._Valor.int64;
-  _Valor.int64 = MultiplicaDivide(Modulo(a), kEscala, Modulo(b), (a < 0) != (b < 0));
-  return *this;
+  return *this = kx::Quociente(*this, outro).value_or(CKXCurrencyEx());
+}
+
+CKXCurrencyEx& operator*=(CKXCurrencyEx& a, kx::Inteiro b) noexcept {
+  return a = kx::Produto(a, b).value_or(CKXCurrencyEx());
+}
+
+CKXCurrencyEx& operator/=(CKXCurrencyEx& a, kx::Inteiro b) noexcept {
+  return a = kx::Quociente(a, b).value_or(CKXCurrencyEx());
 }
 
 namespace kx {
@@ -159,6 +197,22 @@ ErroDinheiro DinheiroDeTexto(std::string_view texto, CY& valor) noexcept {
   const std::string_view sobra = decimais.substr(guardadas.size());
   if (ArredondaParaCima(sobra, (modulo & 1U) != 0)) ++modulo;
   return ComSinal(negativo, modulo, valor.int64) ? ErroDinheiro::Nenhum : ErroDinheiro::ForaDaFaixa;
+}
+
+const char* MensagemErroDinheiro(ErroDinheiro erro) noexcept {
+  switch (erro) {
+    case ErroDinheiro::Nenhum:
+      break;
+    case ErroDinheiro::Vazio:
+      return "O valor n\xE3o foi informado.";
+    case ErroDinheiro::NaoNumerico:
+      return "O valor deve ser escrito como 1.234,50.";
+    case ErroDinheiro::ForaDaFaixa:
+      return "O valor deve ficar entre -922.337.203.685.477,5808 e 922.337.203.685.477,5807.";
+    case ErroDinheiro::CasasDemais:
+      return "O valor deve ter no m\xE1ximo quatro casas decimais.";
+  }
+  return "";
 }
 
 std::string TextoDeDinheiro(const CY& valor, int minimo) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <bit>
+#include <compare>
 #include <cstdint>
 #include <type_traits>
 
@@ -18,6 +19,7 @@ static_assert(std::endian::native == std::endian::little, "records are little-en
 struct tagCY {
   std::int64_t int64;  // the amount, in 1/10,000
   bool operator==(const tagCY&) const = default;
+  auto operator<=>(const tagCY&) const = default;
 };
 // The name by which fields know it.
 using CY = tagCY;

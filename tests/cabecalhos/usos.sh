@@ -7,7 +7,7 @@ compilador=$1
 falhas=0
 
 compila() {
-  printf '#include "oc/DadosOC.h"\nint main() {\nCKXDadosCM_OrdemCompra o;\n%s\n}\n' "$1" |
+  printf '#include "kxldados/Dinheiro.h"\n#include "oc/DadosOC.h"\nint main() {\nCKXDadosCM_OrdemCompra o;\n%s\n}\n' "$1" |
     "$compilador" -std=c++20 -Wall -Wextra -Werror -x c++ -fsyntax-only -I. - 2>&1
 }
 
@@ -23,6 +23,11 @@ compila 'o.SetCodigo(std::string("1")).SetCodigo(std::string_view("2")).SetCodig
   const std::string s(o.GetCodigo()), t = std::string(o.GetCodigo());
   std::string u; u = o.GetCodigo(); u += o.GetCodigo();
   return o.GetCodigo() == s && t != o.GetCodigo() && o.GetCodigo() == "3";' || falhas=1
+recusa 'o.SetValorFrete("1.234,50"_rs);' 'error:'  # the name has to be asked for
+compila 'using namespace kx::literais; o.SetValorFrete("1.234,50"_rs);' || falhas=1
+for texto in 12.50 1,23456 922.337.203.685.477,5808 ''; do
+  recusa "using namespace kx; o.SetValorFrete(\"$texto\"_rs);" TextoNaoEhDinheiro
+done
 if "$compilador" --version | grep -q clang; then
   recusa 'const char* p = o.GetCodigo(); return p[0];' 'dangling'
   recusa 'std::string_view v = o.GetCodigo().Vista(); return v[0];' 'dangling'
