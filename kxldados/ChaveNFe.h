@@ -18,6 +18,9 @@
 //   Partes[1]  13 digits: state, year and month, check digits of the CNPJ, model, series
 //   Partes[2]  19 digits: number, form of issue, numeric code, check digit
 // All bytes zero: no key.
+//
+// Packed keys are ordered and hashed (kxldados/Tipos.h): by the CNPJ first, so those of one issuer
+// stand together, then by state, month of issue, model, series and number.
 #pragma once
 
 #include <string>
