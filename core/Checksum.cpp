@@ -40,8 +40,10 @@ inline std::uint32_t Parte(std::uint32_t palavra, std::size_t seguintes) {
 }
 
 interno::Via MelhorVia() noexcept {
-  const interno::Via via = interno::ViaVpclmul();
-  return via != nullptr ? via : interno::ViaClmul();
+  for (const auto escolhe : {interno::ViaVpclmul, interno::ViaClmul, interno::ViaCRC32}) {
+    if (const interno::Via via = escolhe(); via != nullptr) return via;
+  }
+  return nullptr;
 }
 
 }  // namespace

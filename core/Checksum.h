@@ -18,7 +18,8 @@
 namespace kx {
 
 // Checksum of the n bytes at `dados`, continued from `anterior`. With n == 0 it is `anterior`, and
-// `dados` may be null. Uses carry-less multiplication where the processor has it.
+// `dados` may be null. Uses what the processor has for it: carry-less
+// multiplication, or ARM's instruction.
 KX_API std::uint32_t CalculaChecksum(const void* dados, std::size_t n,
                                      std::uint32_t anterior = 0) noexcept;
 

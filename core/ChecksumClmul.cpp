@@ -169,6 +169,40 @@ Via ViaVpclmul() noexcept {
   return tem && ViaClmul() != nullptr ? &ChecksumVpclmul : nullptr;
 }
 
+Via ViaCRC32() noexcept { return nullptr; }
+
+}  // namespace kx::interno
+
+#elif defined(__aarch64__) && defined(__GNUC__) && !defined(__clang__)
+
+#include <arm_acle.h>
+
+#include <cstring>
+
+#include "platform/Plataforma.h"
+
+namespace kx::interno {
+namespace {
+
+// ARM's own instruction is of this very polynomial, and inverts nothing.
+__attribute__((target("+crc"))) std::uint32_t ChecksumCRC32(const unsigned char* dados,
+                                                            std::size_t n,
+                                                            std::uint32_t anterior) noexcept {
+  for (; n >= 8; n -= 8, dados += 8) {
+    std::uint64_t palavra = 0;
+    std::memcpy(&palavra, dados, sizeof(palavra));
+    anterior = __crc32d(anterior, palavra);
+  }
+  for (; n > 0; --n, ++dados) anterior = __crc32b(anterior, *dados);
+  return anterior;
+}
+
+}  // namespace
+
+Via ViaClmul() noexcept { return nullptr; }
+Via ViaVpclmul() noexcept { return nullptr; }
+Via ViaCRC32() noexcept { return plataforma::TemCRC32() ? &ChecksumCRC32 : nullptr; }
+
 }  // namespace kx::interno
 
 #else
@@ -177,6 +211,7 @@ namespace kx::interno {
 
 Via ViaClmul() noexcept { return nullptr; }
 Via ViaVpclmul() noexcept { return nullptr; }
+Via ViaCRC32() noexcept { return nullptr; }
 
 }  // namespace kx::interno
 

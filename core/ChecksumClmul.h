@@ -1,4 +1,4 @@
-// The checksum by carry-less multiplication, for Checksum.cpp alone.
+// The checksum by what the processor has for it, for Checksum.cpp alone.
 //
 // Internal to the library's sources.
 #pragma once
@@ -15,10 +15,13 @@ inline constexpr std::size_t kMinimoClmul = 64;
 using Via = std::uint32_t (*)(const unsigned char* dados, std::size_t n,
                               std::uint32_t anterior) noexcept;
 
-// 16 bytes in each multiplication; null where this build or this processor cannot.
+// Carry-less multiplication, 16 bytes in each; null where this build or this processor cannot.
 Via ViaClmul() noexcept;
 
 // 32 bytes in each; null likewise.
 Via ViaVpclmul() noexcept;
+
+// The instruction that ARM has for this polynomial; null likewise.
+Via ViaCRC32() noexcept;
 
 }  // namespace kx::interno

@@ -77,6 +77,11 @@ KX_API bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& ta
 // them meanwhile.
 KX_API bool Legivel(const void* bloco, std::size_t n) noexcept;
 
+// --- Processor ----------------------------------------------------------------------------------
+
+// Whether it has the instructions that ARM has for checksums; false on any other processor.
+KX_API bool TemCRC32() noexcept;
+
 // --- Memory -------------------------------------------------------------------------------------
 
 // Asks the processor for memory that will soon be used and may not be there: no fault comes of it.

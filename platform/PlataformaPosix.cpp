@@ -3,6 +3,9 @@
 #include <setjmp.h>
 #include <signal.h>
 #include <stdlib.h>
+#if defined(__aarch64__)
+#include <sys/auxv.h>
+#endif
 #include <ucontext.h>
 
 #include <algorithm>
@@ -270,6 +273,14 @@ bool Legivel(const void* bloco, std::size_t n) noexcept {
   char algum = 0;
   return bloco != nullptr &&
          SemFalha<Olha>(&algum, static_cast<const volatile char*>(bloco), n) != nullptr;
+}
+
+bool TemCRC32() noexcept {
+#if defined(__aarch64__)
+  return (getauxval(AT_HWCAP) & HWCAP_CRC32) != 0;
+#else
+  return false;
+#endif
 }
 
 }  // namespace kx::plataforma

@@ -198,4 +198,6 @@ bool Legivel(const void* bloco, std::size_t n) noexcept {
   return bloco != nullptr && SobGuarda(nullptr, Endereco(bloco), n, Olha);
 }
 
+bool TemCRC32() noexcept { return false; }
+
 }  // namespace kx::plataforma
