@@ -31,5 +31,9 @@ class FerramentaTeste : public testing::Test {
 std::string NotaDeExemplo(const std::string& nome);
 std::string Troca(std::string texto, const std::string& velho, const std::string& novo);
 
+inline bool Contem(const std::string& texto, const std::string& trecho) {
+  return texto.find(trecho) != std::string::npos;
+}
+
 // How often the text has the piece.
 std::size_t Ocorrencias(const std::string& texto, const std::string& trecho);
