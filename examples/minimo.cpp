@@ -1,9 +1,11 @@
 #include "re/DadosRE.h"
 
+using namespace kx::literais;  // money: "123,45"_rs
+
 int main() {
   CKXDadosCM_RERegistroEntrada entrada;
   entrada.SetNumeroNotaFiscal("1234").SetPonteiroFilial(3);
-  entrada.AdicionaProduto(CKXDadosCM_REItemProduto().SetValorTotal(CY{1234500}));  // R$ 123,45
+  entrada.AdicionaProduto(CKXDadosCM_REItemProduto().SetValorTotal("123,45"_rs));
 
   const kx::RegistroDe registro(entrada);  // the record now owns the arrays that it needed
   CKXDadosCM_RERegistroEntrada recebida;

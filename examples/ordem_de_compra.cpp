@@ -7,11 +7,13 @@
 
 namespace {
 
+using namespace kx::literais;
+
 // Stands for the server: an order of one product in two deliveries, paid in two installments.
 kx::RegistroDe<CKXDadosCM_OrdemCompra> RecebeDoServidor() {
   CKXDadosCM_ItemOrdemCompra item;
   item.SetPonteiroProdutoServico(1001).SetQuantidade(CY{120000});  // 12.0000 pieces
-  item.SetValorUnitarioV8(CY{255000}).SetValorTotal(CY{3060000});  // R$ 25,50 and R$ 306,00
+  item.SetValorUnitarioV8("25,50"_rs).SetValorTotal("306,00"_rs);
   for (const REG_KXDMA& entrega : {REG_KXDMA{10, 3, 2026}, REG_KXDMA{20, 3, 2026}}) {
     item.AdicionaProgramacao(
         CKXDadosCM_ProgramacaoOrdemCompra().SetRegDataEntrega(entrega).SetQuantidadeSolicitada(
@@ -19,11 +21,11 @@ kx::RegistroDe<CKXDadosCM_OrdemCompra> RecebeDoServidor() {
   }
   CKXDadosCM_OrdemCompra ordem;
   ordem.SetCodigo("2026/0417").SetPonteiroFornecedor(58).SetRegDataEmissao({2, 3, 2026});
-  ordem.SetValorTotalProdutos(CY{3060000}).SetValorTotalOrdemCompra(CY{3060000});
+  ordem.SetValorTotalProdutos("306,00"_rs).SetValorTotalOrdemCompra("306,00"_rs);
   ordem.AdicionaItem(item);
   for (const std::uint32_t dias : {30U, 60U}) {
     ordem.GetCondicaoPagamento().AdicionaParcela(
-        CKXDadosCM_Parcela().SetNumeroDias(dias).SetValor(CY{1530000}));
+        CKXDadosCM_Parcela().SetNumeroDias(dias).SetValor("153,00"_rs));
   }
   return kx::RegistroDe(ordem);
 }
@@ -46,7 +48,7 @@ int main() {
   certo &= Confere(ordem == original, "nada mudou ainda");
 
   // R$ 15,00 of freight, and the second delivery five days later.
-  const CY frete{150000};
+  const CY frete = "15,00"_rs;
   ordem.SetValorFrete(frete).SetValorTotalOrdemCompra(
       CKXCurrencyEx(ordem.GetValorTotalOrdemCompra()) + frete);
   ordem.GetPtrItem(0)->GetPtrProgramacao(1)->SetRegDataEntrega({25, 3, 2026});

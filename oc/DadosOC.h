@@ -3,7 +3,7 @@
 //   CKXDadosCM_OrdemCompra ordem;
 //   ordem.CopiarDe(&recebido);                       // record from the server
 //   const CKXDadosCM_OrdemCompra original = ordem;
-//   ordem.SetValorFrete(CY{150000});                 // R$ 15,00
+//   ordem.SetValorFrete("15,00"_rs);                 // using namespace kx::literais
 //   if (ordem != original) {
 //     const kx::RegistroDe registro(ordem);  // record for the server
 //   }

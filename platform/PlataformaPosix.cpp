@@ -3,7 +3,7 @@
 #include <setjmp.h>
 #include <signal.h>
 #include <stdlib.h>
-#if defined(__aarch64__)
+#if defined(__aarch64__) && defined(__linux__)
 #include <sys/auxv.h>
 #endif
 #include <ucontext.h>
@@ -276,7 +276,7 @@ bool Legivel(const void* bloco, std::size_t n) noexcept {
 }
 
 bool TemCRC32() noexcept {
-#if defined(__aarch64__)
+#if defined(__aarch64__) && defined(__linux__)
   return (getauxval(AT_HWCAP) & HWCAP_CRC32) != 0;
 #else
   return false;
