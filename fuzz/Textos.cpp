@@ -1,6 +1,6 @@
 // Texts, dates, access keys and checksums against plain versions of themselves.
 #include <algorithm>
-#include <ctime>
+#include <chrono>
 #include <stdexcept>
 #include <vector>
 
@@ -37,58 +37,64 @@ void Historico(Bytes& bytes) {
   KX_EXIGE(compara(textoB, textoA) == compara(textoA, textoB) && compara(textoA, textoA));
 }
 
-// The position, brought within the text.
-std::size_t Dentro(const std::string& texto, int posicao) {
-  return std::min(static_cast<std::size_t>(std::max(posicao, 0)), texto.size());
-}
+// What the operations say of one another: the pieces make up the whole, and what is found stands
+// there.
+void ExigeBuscas(const CString& texto, const std::string& trecho, int a, int b) {
+  const int tamanho = texto.GetLength();
+  const int de = std::clamp(a, 0, tamanho);
+  const int quantos = std::clamp(b, 0, tamanho - de);
+  const int resto = tamanho - de - quantos;
+  const CString meio = texto.Mid(a, b);
+  KX_EXIGE(texto.Left(a).GetLength() == de && meio.GetLength() == quantos);
+  KX_EXIGE(texto.Left(a) + meio + texto.Right(resto) == texto &&
+           texto.Left(de) + texto.Mid(a) == texto);
+  KX_EXIGE(texto.Right(a).GetLength() == de && texto.Left(tamanho - de) + texto.Right(a) == texto);
 
-int Posicao(std::size_t posicao) {
-  return posicao == std::string::npos ? -1 : static_cast<int>(posicao);
-}
+  const std::string_view vista = texto.Vista();
+  const auto posicao = [](std::size_t i) {
+    return i == std::string::npos ? -1 : static_cast<int>(i);
+  };
+  const auto inicio = static_cast<std::size_t>(de);
+  KX_EXIGE(texto.Find(trecho.c_str(), a) == posicao(vista.find(trecho, inicio)));
+  KX_EXIGE(texto.Find('a', a) == posicao(vista.find('a', inicio)));
+  KX_EXIGE(texto.ReverseFind('a') == posicao(vista.rfind('a')));
 
-void ExigeBuscas(const CString& texto, const std::string& plano, const std::string& trecho, int a,
-                 int b) {
-  const std::size_t de = Dentro(plano, a);
-  KX_EXIGE(texto.Left(a).Vista() == plano.substr(0, de));
-  KX_EXIGE(texto.Right(a).Vista() == plano.substr(plano.size() - de));
-  KX_EXIGE(texto.Mid(a).Vista() == plano.substr(de));
-  KX_EXIGE(texto.Mid(a, b).Vista() == plano.substr(de, Dentro(plano, b)));
-  KX_EXIGE(texto.Find(trecho.c_str(), a) == Posicao(plano.find(trecho, de)));
-  KX_EXIGE(texto.Find('a', a) == Posicao(plano.find('a', de)));
-  KX_EXIGE(texto.ReverseFind('a') == Posicao(plano.rfind('a')));
-
-  int inicio = 0;
-  std::size_t fim = 0;
-  for (CString palavra = texto.Tokenize(trecho.c_str(), inicio); inicio != -1;
-       palavra = texto.Tokenize(trecho.c_str(), inicio)) {
-    const std::size_t comeco = plano.find_first_not_of(trecho, fim);
-    fim = std::min(plano.find_first_of(trecho, comeco), plano.size());
-    KX_EXIGE(palavra.Vista() == plano.substr(comeco, fim - comeco));
+  std::string palavras;
+  int fim = 0;
+  for (CString palavra = texto.Tokenize(trecho.c_str(), fim); fim != -1;
+       palavra = texto.Tokenize(trecho.c_str(), fim)) {
+    KX_EXIGE(!palavra.IsEmpty() && texto.Left(fim).Right(palavra.GetLength()) == palavra);
+    KX_EXIGE(fim == tamanho || trecho.find(texto[fim]) != std::string::npos);
+    palavras += palavra.Vista();
   }
-  KX_EXIGE(plano.find_first_not_of(trecho, fim) == std::string::npos);
+  std::string semSeparadores(vista);
+  std::erase_if(semSeparadores, [&](char c) { return trecho.find(c) != std::string::npos; });
+  KX_EXIGE(palavras == semSeparadores);
 
   bool fora = false;
   try {
-    const char achado = texto.GetAt(a);
-    KX_EXIGE(achado == plano.c_str()[a]);
+    KX_EXIGE(texto.GetAt(a) == texto.GetString()[a]);
   } catch (const std::out_of_range&) {
     fora = true;
   }
-  KX_EXIGE(fora == (a < 0 || a > static_cast<int>(plano.size())));
+  KX_EXIGE(fora == (a < 0 || a > tamanho));
 }
 
-void ExigeMudancas(const CString& texto, const std::string& plano, const std::string& trecho,
-                   const std::string& outro, int a, int b) {
-  const std::size_t primeiro = std::min(plano.find_first_not_of(trecho), plano.size());
-  const std::size_t depois = plano.find_last_not_of(trecho) + 1;
+void ExigeMudancas(const CString& texto, const std::string& trecho, const std::string& outro, int a,
+                   int b) {
   CString mudado = texto;
-  KX_EXIGE(mudado.TrimLeft(trecho.c_str()).Vista() == plano.substr(primeiro));
+  mudado.TrimLeft(trecho.c_str());
+  KX_EXIGE(texto.Right(mudado.GetLength()) == mudado);
+  KX_EXIGE(mudado.IsEmpty() || trecho.find(mudado[0]) == std::string::npos);
+  const CString tirado = texto.Left(texto.GetLength() - mudado.GetLength());
+  KX_EXIGE(tirado.Vista().find_first_not_of(trecho) == std::string::npos);
   mudado = texto;
-  KX_EXIGE(mudado.TrimRight(trecho.c_str()).Vista() == plano.substr(0, depois));
-  KX_EXIGE(mudado.Trim(trecho.c_str()) == CString(texto).Trim(trecho.c_str()));
+  const std::size_t depois = texto.Vista().find_last_not_of(trecho) + 1;
+  KX_EXIGE(mudado.TrimRight(trecho.c_str()).Vista() == texto.Vista().substr(0, depois));
+  KX_EXIGE(mudado.TrimLeft(trecho.c_str()) == CString(texto).Trim(trecho.c_str()));
   KX_EXIGE(mudado.MakeLower().CompareNoCase(CString(mudado).MakeUpper()) == 0);
 
-  std::string esperado = plano;
+  std::string esperado(texto.Vista());
   int trocas = 0;
   for (std::size_t i = 0; !trecho.empty() && (i = esperado.find(trecho, i)) != std::string::npos;
        i += outro.size(), ++trocas) {
@@ -96,16 +102,14 @@ void ExigeMudancas(const CString& texto, const std::string& plano, const std::st
   }
   mudado = texto;
   KX_EXIGE(mudado.Replace(trecho.c_str(), outro.c_str()) == trocas && mudado.Vista() == esperado);
+  const CString antes = texto.Left(a);
+  const CString depoisDe = texto.Mid(std::max(a, 0));
   mudado = texto;
-  esperado = plano;
-  esperado.erase(Dentro(plano, a), Dentro(plano, b));
-  KX_EXIGE(mudado.Delete(a, b) == mudado.GetLength() && mudado.Vista() == esperado);
-  mudado = texto;
-  esperado = plano;
-  esperado.insert(Dentro(plano, a), trecho);
-  KX_EXIGE(mudado.Insert(a, trecho.c_str()) == mudado.GetLength() && mudado.Vista() == esperado);
+  KX_EXIGE(mudado.Delete(a, b) == mudado.GetLength());
+  KX_EXIGE(mudado == antes + depoisDe.Mid(std::max(b, 0)));
+  KX_EXIGE(mudado.Insert(a, texto.Mid(a, b)) == texto.GetLength() && mudado == texto);
   mudado.Format("%d|%s|%c", a, mudado.GetString(), 'x');
-  KX_EXIGE(mudado.Vista() == std::to_string(a) + "|" + esperado + "|x");
+  KX_EXIGE(mudado.Vista() == std::to_string(a) + "|" + texto.GetString() + "|x");
 }
 
 int Sinal(int n) { return (n > 0) - (n < 0); }
@@ -117,8 +121,8 @@ void OperacoesDeTexto(Bytes& bytes) {
   const int a = bytes.Byte() % 8 == 0 ? bytes.Valor<std::int32_t>() : bytes.Valor<std::int8_t>();
   const int b = bytes.Byte() % 8 == 0 ? bytes.Valor<std::int32_t>() : bytes.Valor<std::int8_t>();
   const CString texto(plano.c_str());
-  ExigeBuscas(texto, plano, trecho, a, b);
-  ExigeMudancas(texto, plano, trecho, outro, a, b);
+  ExigeBuscas(texto, trecho, a, b);
+  ExigeMudancas(texto, trecho, outro, a, b);
   KX_EXIGE(texto.Compare(outro.c_str()) == Sinal(plano.compare(outro)));
 }
 
@@ -156,21 +160,6 @@ std::string Formatado(const char* formato, auto... valores) {
   return std::string(texto.Vista());
 }
 
-bool ExisteODia(int dia, int mes, int ano) {
-  constexpr int kDias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (mes < 1 || mes > 12 || ano < 1 || ano > 9999) return false;
-  const bool bissexto = (ano % 4 == 0 && ano % 100 != 0) || ano % 400 == 0;
-  return dia >= 1 && dia <= kDias[mes - 1] + (mes == 2 && bissexto ? 1 : 0);
-}
-
-// What the C library says of the same moment.
-std::tm EmUTC(std::tm partes, int minutosDoFuso) {
-  const std::time_t momento = timegm(&partes) - std::time_t{minutosDoFuso} * 60;
-  std::tm utc{};
-  gmtime_r(&momento, &utc);
-  return utc;
-}
-
 void Datas(Bytes& bytes) {
   const int ano = bytes.Valor<std::uint16_t>() % 10001;
   const int mes = static_cast<int>(bytes.Ate(13));
@@ -182,7 +171,10 @@ void Datas(Bytes& bytes) {
   const int minutos = static_cast<int>(bytes.Ate(60));
   const char sinal = bytes.Byte() % 2 == 0 ? '+' : '-';
   const std::string texto = Formatado("%04d-%02d-%02d", ano, mes, dia);
-  const bool existe = ExisteODia(dia, mes, ano) && texto.size() == 10;
+  using namespace std::chrono;
+  const year_month_day calendario(year(ano), month(static_cast<unsigned>(mes)),
+                                  day(static_cast<unsigned>(dia)));
+  const bool existe = calendario.ok() && ano >= 1 && ano <= 9999;
 
   REG_KXDMA data{9, 9, 9};
   KX_EXIGE(kx::DataDeISO(texto, data) == existe, texto);
@@ -193,24 +185,22 @@ void Datas(Bytes& bytes) {
   const std::string completo =
       texto + Formatado("T%02d:%02d:%02d%c%02d:%02d", hora, minuto, segundo, sinal, horas, minutos);
   const int fuso = (horas * 60 + minutos) * (sinal == '-' ? -1 : 1);
-  std::tm partes{};
-  partes.tm_year = ano - 1900;
-  partes.tm_mon = mes - 1;
-  partes.tm_mday = dia;
-  partes.tm_hour = hora;
-  partes.tm_min = minuto;
-  partes.tm_sec = segundo;
-  const std::tm utc = EmUTC(partes, fuso);
-  const int anoUTC = utc.tm_year + 1900;
+  const sys_seconds momento =
+      sys_days(calendario) + hours(hora) + minutes(minuto - fuso) + seconds(segundo);
+  const year_month_day emUTC(floor<days>(momento));
+  const hh_mm_ss<seconds> relogio(momento - floor<days>(momento));
   const bool valida = existe && hora <= 23 && minuto <= 59 && segundo <= 59 && horas <= 23 &&
-                      minutos <= 59 && anoUTC >= 1 && anoUTC <= 9999;
+                      minutos <= 59 && emUTC.year() >= year(1) && emUTC.year() <= year(9999);
   REG_KXDMAHMSUTC dataHora{};
   KX_EXIGE(kx::DataHoraDeISO(completo, dataHora) == valida, completo);
-  const std::string emUTC =
-      valida ? Formatado("%02d/%02d/%04d %02d:%02d:%02d", utc.tm_mday, utc.tm_mon + 1, anoUTC,
-                         utc.tm_hour, utc.tm_min, utc.tm_sec)
+  const std::string escrito =
+      valida ? Formatado("%02u/%02u/%04d %02d:%02d:%02d", unsigned(emUTC.day()),
+                         unsigned(emUTC.month()), int(emUTC.year()),
+                         static_cast<int>(relogio.hours().count()),
+                         static_cast<int>(relogio.minutes().count()),
+                         static_cast<int>(relogio.seconds().count()))
              : std::string();
-  KX_EXIGE(kx::TextoDeDataHora(dataHora) == emUTC, completo);
+  KX_EXIGE(kx::TextoDeDataHora(dataHora) == escrito, completo);
 }
 
 // Whatever is taken for a date was one: it is written with the digits that were read.
