@@ -1,6 +1,7 @@
 // Money: arithmetic against integers of 128 bits, and conversion from and to text.
 #include "kxldados/Dinheiro.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "fuzz/Fuzz.h"
@@ -84,45 +85,36 @@ void ExigeIdaEVolta(CY valor, int minimo) {
   }
 }
 
-bool EhBranco(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
 struct Leitura {
   kx::ErroDinheiro Erro;
   CY Valor;
 };
 
-// The reading, digit after digit: the decimals beyond the fourth are kept as what they are compared
-// with one half, and magnitudes stop growing where they are out of range anyway.
+// The reading, as one reads: a sign, digits around a point, and what is dropped against one half.
+// Magnitudes stop growing where they are out of range anyway.
 Leitura LePlano(std::string texto) {
-  while (!texto.empty() && EhBranco(texto.back())) texto.pop_back();
-  std::size_t i = 0;
-  while (i < texto.size() && EhBranco(texto[i])) ++i;
-  if (i == texto.size()) return {kx::ErroDinheiro::Vazio, {}};
-  const bool negativo = texto[i] == '-';
-  if (negativo || texto[i] == '+') ++i;
-
-  constexpr i128 kTeto = kMaximo * 100;
-  i128 modulo = 0;
-  int casas = -1;  // before the point
-  int digitos = 0;
-  int meio = -1;  // of what is dropped: -1 below one half, 0 the half, 1 above it
-  for (; i < texto.size(); ++i) {
-    if (texto[i] == '.' && casas < 0) {
-      casas = 0;
-      continue;
-    }
-    if (texto[i] < '0' || texto[i] > '9') return {kx::ErroDinheiro::NaoNumerico, {}};
-    const int digito = texto[i] - '0';
-    ++digitos;
-    if (casas >= 0) ++casas;
-    if (casas <= 4 && modulo < kTeto) modulo = modulo * 10 + digito;
-    if (casas == 5) meio = digito > 5 ? 1 : (digito == 5 ? 0 : -1);
-    if (casas > 5 && meio == 0 && digito > 0) meio = 1;
+  texto.erase(0, texto.find_first_not_of(" \t\r\n"));
+  texto.erase(texto.find_last_not_of(" \t\r\n") + 1);
+  if (texto.empty()) return {kx::ErroDinheiro::Vazio, {}};
+  const bool negativo = texto[0] == '-';
+  if (negativo || texto[0] == '+') texto.erase(0, 1);
+  const std::size_t ponto = texto.find('.');
+  std::string casas = ponto == std::string::npos ? "" : texto.substr(ponto + 1);
+  texto.resize(std::min(ponto, texto.size()));
+  const std::string digitos = texto + casas;
+  if (digitos.empty() || digitos.find_first_not_of("0123456789") != std::string::npos) {
+    return {kx::ErroDinheiro::NaoNumerico, {}};
   }
-  if (digitos == 0) return {kx::ErroDinheiro::NaoNumerico, {}};
-  for (int casa = casas < 0 ? 0 : casas; casa < 4; ++casa) modulo *= 10;
-  if (meio > 0 || (meio == 0 && modulo % 2 != 0)) ++modulo;
-  const i128 valor = negativo ? -modulo : modulo;
+
+  casas.append(5, '0');
+  i128 valor = 0;
+  for (const char c : texto + casas.substr(0, 4)) {
+    if (valor < kMaximo * 100) valor = valor * 10 + (c - '0');
+  }
+  const std::string resto = casas.substr(4);
+  const std::string meio = '5' + std::string(resto.size() - 1, '0');
+  if (resto > meio || (resto == meio && valor % 2 != 0)) ++valor;
+  if (negativo) valor = -valor;
   if (!Cabe(valor)) return {kx::ErroDinheiro::ForaDaFaixa, {}};
   return {kx::ErroDinheiro::Nenhum, {static_cast<std::int64_t>(valor)}};
 }

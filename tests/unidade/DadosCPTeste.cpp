@@ -1,5 +1,4 @@
-// The price quotation: its text blocks, what travels, what equality sees and the identity of its
-// suppliers.
+// The price quotation: its text blocks and what travels.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,7 +10,6 @@
 namespace {
 
 using Cotacao = CKXDadosCM_CotacaoPreco;
-using Fornecedor = CKXDadosCM_FornecedorCotacaoPreco;
 using Escrito = apoio::RegistroEscrito<tagREG_COTACAOPS>;
 
 TEST(Cotacao, TextosSemLimiteEBytesDeSobraZero) {
@@ -30,18 +28,6 @@ TEST(Cotacao, TextosSemLimiteEBytesDeSobraZero) {
   Cotacao cotacao;
   cotacao.CopiarDe(&recebido);
   EXPECT_TRUE(cotacao.EstaVazio());
-}
-
-TEST(CotacaoFornecedor, IdentidadeNaoEIgualdade) {
-  Fornecedor a;
-  a.SetPonteiroFornecedor(5).SetFrete(CY{100});
-  Fornecedor b = a;
-  b.SetFrete(CY{200});
-  EXPECT_TRUE(Fornecedor::CompareElements(a, b));
-  EXPECT_FALSE(a == b);
-  b = a;
-  b.SetPonteiroFornecedor(6);
-  EXPECT_FALSE(Fornecedor::CompareElements(a, b));
 }
 
 }  // namespace

@@ -49,16 +49,19 @@ TEST(SolicitacaoItem, PosicaoDoProdutoSeComparaSemOsBytesReservados) {
   EXPECT_TRUE(Item().SetPosicaoProduto({0, 0, 0, 0, {1, 2, 3, 4, 5, 6}}) == Item());
 }
 
-TEST(SolicitacaoFornecedor, IdentidadeNaoEIgualdade) {
-  Fornecedor a;
-  a.SetPonteiroFornecedor(5).SetNomeFornecedor("Silva");
-  Fornecedor b = a;
-  b.SetNomeFornecedor("Souza");
-  EXPECT_TRUE(Fornecedor::CompareElements(a, b));
-  EXPECT_FALSE(a == b);
-  b = a;
-  b.SetPonteiroFornecedor(-5);
-  EXPECT_FALSE(Fornecedor::CompareElements(a, b));
+// Of a request and of a quotation.
+TEST(Fornecedores, IdentidadeNaoEIgualdade) {
+  const auto confere = [](const auto& a, auto b) {
+    using F = decltype(b);
+    EXPECT_FALSE(a == b);
+    EXPECT_TRUE(F::CompareElements(a, b));
+    EXPECT_FALSE(F::CompareElements(a, b.SetPonteiroFornecedor(-5)));
+    EXPECT_FALSE(F::CompareElements(a, F(a).SetPonteiroFornecedor(6)));
+  };
+  const auto daSolicitacao = Fornecedor().SetPonteiroFornecedor(5);
+  const auto daCotacao = CKXDadosCM_FornecedorCotacaoPreco().SetPonteiroFornecedor(5);
+  confere(daSolicitacao, Fornecedor(daSolicitacao).SetNomeFornecedor("Souza"));
+  confere(daCotacao, CKXDadosCM_FornecedorCotacaoPreco(daCotacao).SetFrete(CY{200}));
 }
 
 // Its size has 16 bits and counts the terminator.

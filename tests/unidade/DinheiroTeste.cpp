@@ -146,35 +146,42 @@ TEST(Dinheiro, LeTexto) {
   }
 }
 
+struct Recusado {
+  const char* Texto;
+  kx::ErroDinheiro Erro;
+};
+
+void EsperaRecusas(kx::ErroDinheiro (*le)(std::string_view, CY&),
+                   std::initializer_list<Recusado> casos) {
+  for (const Recusado& caso : casos) {
+    CY valor{42};
+    EXPECT_EQ(le(caso.Texto, valor), caso.Erro) << caso.Texto;
+    EXPECT_EQ(valor.int64, 42) << caso.Texto;
+    EXPECT_STRNE(kx::MensagemErroDinheiro(caso.Erro), "");
+  }
+}
+
 TEST(Dinheiro, TextoRecusadoNaoMudaOValor) {
   using enum kx::ErroDinheiro;
-  const struct {
-    const char* Texto;
-    kx::ErroDinheiro Erro;
-  } casos[] = {
-      {"", Vazio},
-      {" \n", Vazio},
-      {"-", NaoNumerico},
-      {".", NaoNumerico},
-      {"1e5", NaoNumerico},
-      {"1,50", NaoNumerico},
-      {"1.2.3", NaoNumerico},
-      {"--1", NaoNumerico},
-      {"1 2", NaoNumerico},
-      {"0x1", NaoNumerico},
-      {"99999999999999999999999x", NaoNumerico},
-      {"922337203685477.5808", ForaDaFaixa},
-      {"922337203685477.58075", ForaDaFaixa},
-      {"-922337203685477.5809", ForaDaFaixa},
-      {"922337203685478", ForaDaFaixa},
-      {"9223372036854775808", ForaDaFaixa},
-      {"18446744073709551616000", ForaDaFaixa},
-  };
-  for (const auto& caso : casos) {
-    CY valor{42};
-    EXPECT_EQ(kx::DinheiroDeTexto(caso.Texto, valor), caso.Erro) << caso.Texto;
-    EXPECT_EQ(valor.int64, 42) << caso.Texto;
-  }
+  EsperaRecusas(kx::DinheiroDeTexto, {
+                                         {"", Vazio},
+                                         {" \n", Vazio},
+                                         {"-", NaoNumerico},
+                                         {".", NaoNumerico},
+                                         {"1e5", NaoNumerico},
+                                         {"1,50", NaoNumerico},
+                                         {"1.2.3", NaoNumerico},
+                                         {"--1", NaoNumerico},
+                                         {"1 2", NaoNumerico},
+                                         {"0x1", NaoNumerico},
+                                         {"99999999999999999999999x", NaoNumerico},
+                                         {"922337203685477.5808", ForaDaFaixa},
+                                         {"922337203685477.58075", ForaDaFaixa},
+                                         {"-922337203685477.5809", ForaDaFaixa},
+                                         {"922337203685478", ForaDaFaixa},
+                                         {"9223372036854775808", ForaDaFaixa},
+                                         {"18446744073709551616000", ForaDaFaixa},
+                                     });
 }
 
 TEST(Dinheiro, EscreveTextoBrasileiro) {
@@ -219,41 +226,32 @@ TEST(Dinheiro, TextoBrasileiroIdaEVolta) {
 
 TEST(Dinheiro, TextoBrasileiroRecusadoNaoMudaOValor) {
   using enum kx::ErroDinheiro;
-  const struct {
-    const char* Texto;
-    kx::ErroDinheiro Erro;
-  } casos[] = {
-      {"", Vazio},
-      {" 1,00", NaoNumerico},
-      {"1,00 ", NaoNumerico},
-      {"-", NaoNumerico},
-      {"+-1", NaoNumerico},
-      {",50", NaoNumerico},
-      {"1,", NaoNumerico},
-      {"1,2,3", NaoNumerico},
-      {"1,2.3", NaoNumerico},
-      {"12.50", NaoNumerico},
-      {"1234.567", NaoNumerico},
-      {"1.2345", NaoNumerico},
-      {"1.234567", NaoNumerico},
-      {".123", NaoNumerico},
-      {"1..234", NaoNumerico},
-      {"0.123", NaoNumerico},
-      {"00", NaoNumerico},
-      {"R$ 1,00", NaoNumerico},
-      {"1,2345x", NaoNumerico},
-      {"1,00000", CasasDemais},
-      {"922.337.203.685.477,5808", ForaDaFaixa},
-      {"-922.337.203.685.477,5809", ForaDaFaixa},
-      {"18446744073709551616", ForaDaFaixa},
-      {"1844674407370955,1617", ForaDaFaixa},
-  };
-  for (const auto& caso : casos) {
-    CY valor{42};
-    EXPECT_EQ(kx::DinheiroDeTextoBrasileiro(caso.Texto, valor), caso.Erro) << caso.Texto;
-    EXPECT_EQ(valor.int64, 42) << caso.Texto;
-    EXPECT_STRNE(kx::MensagemErroDinheiro(caso.Erro), "");
-  }
+  EsperaRecusas(kx::DinheiroDeTextoBrasileiro, {
+                                                   {"", Vazio},
+                                                   {" 1,00", NaoNumerico},
+                                                   {"1,00 ", NaoNumerico},
+                                                   {"-", NaoNumerico},
+                                                   {"+-1", NaoNumerico},
+                                                   {",50", NaoNumerico},
+                                                   {"1,", NaoNumerico},
+                                                   {"1,2,3", NaoNumerico},
+                                                   {"1,2.3", NaoNumerico},
+                                                   {"12.50", NaoNumerico},
+                                                   {"1234.567", NaoNumerico},
+                                                   {"1.2345", NaoNumerico},
+                                                   {"1.234567", NaoNumerico},
+                                                   {".123", NaoNumerico},
+                                                   {"1..234", NaoNumerico},
+                                                   {"0.123", NaoNumerico},
+                                                   {"00", NaoNumerico},
+                                                   {"R$ 1,00", NaoNumerico},
+                                                   {"1,2345x", NaoNumerico},
+                                                   {"1,00000", CasasDemais},
+                                                   {"922.337.203.685.477,5808", ForaDaFaixa},
+                                                   {"-922.337.203.685.477,5809", ForaDaFaixa},
+                                                   {"18446744073709551616", ForaDaFaixa},
+                                                   {"1844674407370955,1617", ForaDaFaixa},
+                                               });
   EXPECT_STREQ(kx::MensagemErroDinheiro(Nenhum), "");
 }
 

@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <set>
 #include <stdexcept>
 #include <string>
 
 #include "re/DadosRE.h"
+#include "tests/apoio/Igualdade.h"
 #include "tests/apoio/RegistroAleatorio.h"
 
 namespace {
@@ -197,36 +199,36 @@ TEST(FormacaoPrecoVenda, TrocaSoORegistroDaMargem) {
   EXPECT_EQ(margem.GetLinhaArquivoImportacao(), 8);
 }
 
-TEST(EntradaEstoque, CadaDadoDoLoteConta) {
+TEST(EntradaEstoque, DadosDoLoteSaoEstesEMaisNenhum) {
   using Linha = CKXDadosCM_REEntradaEstoque;
-  const std::vector<void (*)(Linha&)> dados = {
-      [](Linha& l) { l.SetLoteESVolume("V"); },
-      [](Linha& l) { l.SetLoteESNumero("L"); },
-      [](Linha& l) {
-        l.SetLoteESDataValidade({1, 1, 2027});
-      },
-      [](Linha& l) {
-        l.SetLoteESDataFabricacao({1, 1, 2026});
-      },
-      [](Linha& l) { l.SetLoteESNumeroDeDiaValidade(1); },
-      [](Linha& l) { l.SetLoteTipoReferencia(1); },
-      [](Linha& l) { l.SetLotePrecoTabelado(CY{1}); },
-      [](Linha& l) { l.SetArmaFogo_Tipo(1); },
-      [](Linha& l) { l.SetArmaFogo_Serie("S"); },
-      [](Linha& l) { l.SetArmaFogo_Cano("C"); },
-      [](Linha& l) { l.SetArmaFogo_Descricao("D"); },
-  };
-  Linha semLote;
-  semLote.SetQuantidade(Dinheiro(1)).SetPonteiroLocal(3).SetVeiculoNovoChassiVeiculo("9BW");
-  EXPECT_FALSE(semLote.TemDadosNoLote());
-  for (std::size_t i = 0; i < dados.size(); ++i) {
-    Linha linha = semLote;
-    dados[i](linha);
-    EXPECT_TRUE(linha.TemDadosNoLote()) << i;
+  const std::set<std::string> doLote{"LoteESVolume",
+                                     "LoteESNumero",
+                                     "LoteESDataValidade",
+                                     "LoteESDataFabricacao",
+                                     "LoteESNumeroDeDiaValidade",
+                                     "LoteTipoReferencia",
+                                     "LotePrecoTabelado",
+                                     "ArmaFogo_Tipo",
+                                     "ArmaFogo_Serie",
+                                     "ArmaFogo_Cano",
+                                     "ArmaFogo_Descricao"};
+  std::set<std::string> achados;
+  const auto confere = [&](const char* nome, Linha linha) {
+    const Linha vazia;
+    if (linha.TemDadosNoLote()) achados.insert(nome);
+    EXPECT_FALSE(linha == vazia) << nome;
     linha.ZerarDadosDoLote();
-    EXPECT_FALSE(linha.TemDadosNoLote()) << i;
-    EXPECT_TRUE(linha == semLote) << i;
+    EXPECT_FALSE(linha.TemDadosNoLote()) << nome;
+    EXPECT_EQ(linha == vazia, doLote.count(nome) > 0) << nome;
+  };
+  confere("ArmaFogo_Descricao", Linha().SetArmaFogo_Descricao("D"));
+  for (const KXCampo& campo : KXMetadados<_REG_ENTRADA_ESTOQUE_ENTRADAPS>::kCampos) {
+    if (!apoio::TemAcessor(campo) || !campo.Comparado) continue;
+    _REG_ENTRADA_ESTOQUE_ENTRADAPS registro{};
+    reinterpret_cast<unsigned char*>(&registro)[campo.Posicao] = 1;
+    confere(campo.Nome, Linha().CopiarDe(&registro));
   }
+  EXPECT_EQ(achados, doLote);
 }
 
 TEST(EntradaEstoque, BytesDeReservaDoTextoNaoViajam) {
