@@ -46,7 +46,7 @@ constexpr Destino kDestinos[] = {
     {"det/prod/DI/adi/cFabricante", "DI_AdicaoCodigoFabricante", "FAB"},
     {"det/prod/DI/adi/vDescDI", "DI_AdicaoVlrDesconto"},
     {"det/prod/DI/adi/nDraw", "DI_NumeroDrawback", "20260001"},
-    {"det/prod/nItemPed", "SequenciaItem", "9"},
+    {"det/prod/nItemPed", "SequenciaItem", "65535"},
     {"det/prod/nFCI", "FCI_NrControleFCI", "B01F70AF-10BF-4B1F-848C-65FF57F616FE"},
     {"det/prod/rastro/nLote", "LoteESNumero", "L1"},
     {"det/prod/rastro/qLote", "Quantidade"},

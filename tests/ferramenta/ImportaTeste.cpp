@@ -102,7 +102,7 @@ TEST_F(FerramentaTeste, ChaveErradaNaoPerdeNadaMais) {
       campos(errada.Saida));
 }
 
-TEST_F(FerramentaTeste, ReferidasDeCadaTipoETresVeiculos) {
+TEST_F(FerramentaTeste, ComplementarComReferidasDeCadaTipoETresVeiculos) {
   const std::string referidas =
       "<NFref><refNF><mod>01</mod><serie>7</serie><nNF>31</nNF></refNF></NFref>"
       "<NFref><refNFP><mod>04</mod><nNF>32</nNF></refNFP>"
@@ -110,13 +110,16 @@ TEST_F(FerramentaTeste, ReferidasDeCadaTipoETresVeiculos) {
   const std::string veiculos =
       "<transp><veicTransp><placa>AAA1</placa></veicTransp>"
       "<reboque><placa>BBB2</placa></reboque><reboque><placa>CCC3</placa></reboque>";
-  const std::string nota = Troca(NotaDeExemplo(kAtacado), "</ide>", referidas);
+  const std::string complementar = Troca(NotaDeExemplo(kAtacado), "<finNFe>1<", "<finNFe>2<");
+  const std::string nota = Troca(complementar, "</ide>", referidas);
   const Execucao tres = Executa({"importa", "--campos", "-"}, Troca(nota, "<transp>", veiculos));
   for (const char* linha :
        {"    Referidas 3 de 3", "      NumeroNotaFiscalOrigem: 31",
         "      SerieNotaFiscalOrigem: 7", "      NumeroNotaFiscalOrigem: 32",
         "      NumeroNotaFiscalOrigem: 33", "      ModeloNotaFiscalOrigem: 2D",
-        "    PlacaVeiculo1: AAA1", "    PlacaVeiculo2: BBB2", "    PlacaVeiculo3: CCC3"}) {
+        "    PlacaVeiculo1: AAA1", "    PlacaVeiculo2: BBB2", "    PlacaVeiculo3: CCC3",
+        "      CFOPNFComplementar: 1", "      NFComplementarQuantidade: 120,00",
+        "      NFComplementarValorUnitarioV8: 14,90", "      NFComplementarValorTotal: 1.788,00"}) {
     EXPECT_TRUE(Contem(tres.Saida, std::string("\n") + linha + "\n")) << linha << tres.Saida;
   }
   EXPECT_FALSE(Contem(tres.Saida, "couberam"));
@@ -195,7 +198,7 @@ TEST_F(FerramentaTeste, FormasDeUmaNota) {
       std::regex_replace(Troca(corpo, "xmlns=", "xmlns:n="), std::regex("<(/?)(\\w)"), "<$1n:$2");
   for (const std::string& forma :
        {utf8, "\xEF\xBB\xBF" + utf8, Troca(latin1, "ISO-8859-1", "UTF-8"), prefixado,
-        "<nfeProc>" + corpo + "</nfeProc>",
+        "<nfeProc>" + corpo + "</nfeProc>", Troca(latin1, ">L26B020<", "><![CDATA[L26]]>B020<"),
         Troca(Troca(corpo, "4.00", "1.10"), "<dhEmi>2026-03-16T10:15:00-03:00</dhEmi>",
               "<dEmi>2026-03-16</dEmi>")}) {
     EXPECT_EQ(Executa({"importa", "--campos", "-"}, forma).Saida, base.Saida);
@@ -216,6 +219,12 @@ TEST_F(FerramentaTeste, ContaOQueDifereEOQueNaoCoube) {
                                 std::regex("vProd +2\\.212,11 ≠ +2\\.222,11  difere em -10,00\n")));
   EXPECT_TRUE(
       Contem(e.Saida, "cortado: EspecieVolume: transp/vol/esp tem 15 caracteres, couberam 9\n"));
+  // What stands more than once has one place.
+  const std::string muitos = Troca(NotaDeExemplo(kSimples), "</prod>",
+                                   "<nItemPed>65536</nItemPed><DI><adi/></DI><DI/></prod>");
+  const std::string avisos = Executa({"importa", "-"}, muitos).Saida;
+  EXPECT_TRUE(Contem(avisos, "nItemPed: 65536 não cabe em SequenciaItem\n")) << avisos;
+  EXPECT_TRUE(Contem(avisos, "a nota traz 2 DI, a primeira com 1 adições\n")) << avisos;
   // A width that is exactly met loses its last character.
   const std::string justa = Troca(NotaDeExemplo(kSimples), "CAIXA DE ISOPOR", "ISOPOR 10L");
   EXPECT_TRUE(Contem(Executa({"importa", "-"}, justa).Saida, "tem 10 caracteres, couberam 9\n"));
@@ -255,6 +264,8 @@ TEST_F(FerramentaTeste, ErrosDeUso) {
     EXPECT_EQ(e.Status, 2);
     EXPECT_TRUE(e.Erros.starts_with("kxdados: uso: ")) << e.Erros;
   }
+  EXPECT_TRUE(Contem(Executa({"importa", "--filial", "65536", "x.xml"}).Erros,
+                     "não é um número de 0 a 65535: 65536"));
   EXPECT_TRUE(Contem(Executa({"importa", "--help"}).Saida, "--comprador"));
   EXPECT_TRUE(
       std::regex_match(Executa({"--versao"}).Saida, std::regex("kxdados \\d+\\.\\d+\\.\\d+\n")));

@@ -93,26 +93,6 @@ TEST(ContratoCalculos, ConferemComVetoresIndependentes) {
   EXPECT_GT(linhas, 2000);
 }
 
-TEST(ContratoCalculos, ExemplosDeMesa) {
-  Classificacao rateio;
-  rateio.SetPercRateio(CY{250000});
-  EXPECT_EQ(rateio.CalculaValor(CKXCurrencyEx::DeInteiro(1000)), CY{2500000});
-  EXPECT_EQ(rateio.GetValorRateio(), CY{2500000});
-  rateio.SetPercRateio(CY{0});
-  EXPECT_EQ(rateio.CalculaValor(CKXCurrencyEx::DeInteiro(2000)), CY{0});
-  EXPECT_EQ(rateio.GetValorRateio(), CY{2500000});
-
-  Parcela parcela;
-  parcela.SetValorJuros(CY{10000}).SetPercentualJuros(CY{5});
-  EXPECT_EQ(parcela.CalculaPercentualJuros(CKXCurrencyEx()), CY{0});
-  EXPECT_EQ(parcela.GetPercentualJuros(), CY{0});
-  // A third: 33.3333 percent of 300.00 is 99.9999, not 100.00.
-  parcela.SetValorMultas(CY{1000000});
-  parcela.CalculaPercentualMultas(CKXCurrencyEx::DeInteiro(300));
-  EXPECT_EQ(parcela.GetPercentualMultas(), CY{333333});
-  EXPECT_EQ(parcela.CalculaValorMultas(CKXCurrencyEx::DeInteiro(300)), CY{999999});
-}
-
 TEST(Contrato, TextosSaoPonteirosNulosQuandoVazios) {
   const std::string longo(70000, 'x');
   Escrito escrito;

@@ -178,15 +178,6 @@ TEST(Parcela, LiberacaoNaoDesceAosImpostos) {
   confere(Libera{&Parcela::ZerarDelete}, &CKXDadosCM_ItemImposto::ZerarDelete);
 }
 
-TEST(Parcela, ImpostoDoAlocadorDeTarefas) {
-  const CKXDadosCM_ItemImposto imposto = ParcelaCheia().GetItemImposto(0);
-  tagREG_ITEM_IMPOSTOPS registro;
-  imposto.CopiarParaPS(&registro);
-  EXPECT_TRUE(CKXDadosCM_ItemImposto().CopiarDe(&registro) == imposto);
-  CKXDadosCM_ItemImposto::ZerarGlobalAlloc(&registro);
-  EXPECT_EQ(registro.ListaDeducao, nullptr);
-}
-
 TEST(Parcela, ChecksumIgnoraOAnteriorEOsImpostos) {
   Parcela parcela = ParcelaCheia();
   unsigned long anterior = 77;
