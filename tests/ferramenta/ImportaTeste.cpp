@@ -155,7 +155,7 @@ TEST_F(FerramentaTeste, SaidaByteAByte) {
   } casos[] = {
       {"demo.txt", {}, {exemplos + kAtacado, exemplos + kLotes, exemplos + kSimples}},
       {"opcoes.txt",
-       {"--filial", "7", "--fornecedor", "2147483647", "--condicao-pagamento", "30",
+       {"--filial", "11", "--fornecedor", "2147483647", "--condicao-pagamento", "30",
         "--transportadora", "9", "--tipo-cobranca", "4", "--comprador", "5"},
        {exemplos + kLotes, dados + "conhecimento.xml", dados + "conhecimento_simplificado.xml"}},
   };

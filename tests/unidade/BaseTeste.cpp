@@ -23,15 +23,6 @@ tagREG_CM_SITUACAO_PS Cheio() {
   return registro;
 }
 
-TEST(Situacao, VaziaAteQueUmaBandeiraMude) {
-  CKXDadosCM_Situacao situacao;
-  EXPECT_TRUE(situacao.EstaVazio());
-  situacao.SetNaoExiste(1);
-  EXPECT_FALSE(situacao.EstaVazio());
-  situacao.SetNaoExiste(0);
-  EXPECT_TRUE(situacao.EstaVazio());
-}
-
 TEST(Situacao, TodoByteContaTambemOsSemAcessor) {
   const tagREG_CM_SITUACAO_PS registro = Cheio();
   CKXDadosCM_Situacao situacao;
