@@ -1,9 +1,13 @@
 #include "ac/ArvoreAC.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <string>
 #include <utility>
 
 #include "ac/Hierarquia.h"
 #include "core/Motor.h"
+#include "kxldados/Latin1.h"
 #include "platform/Plataforma.h"
 
 KX_IMPLEMENTA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra, TKXCMBaseParaDados)
@@ -11,6 +15,32 @@ KX_IMPLEMENTA_CLASSE(CKXDadosCM_ACTreeAutorizacaoCompra, TKXCMBaseParaDados)
 namespace {
 
 using Chaves = std::vector<tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS>;
+
+std::string Nome(const CKXDadosCM_ACAutorizacaoCompra& regra) {
+  const std::string codigo(regra.GetCodigo());
+  const std::string descricao(regra.GetDescricao());
+  const char* const entre = codigo.empty() || descricao.empty() ? "" : " ";
+  const std::string nome = codigo + entre + descricao;
+  return nome.empty() ? "(sem nome)" : kx::LinhaDeLatin1(nome);
+}
+
+// What is shown of one node, `acima` being the key of the node above it.
+std::string Linha(const CKXDadosCM_ACTreeAutorizacaoCompra& node, std::uint32_t acima) {
+  const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves = node.GetrACSmall();
+  std::string linha = std::to_string(chaves.ChaveEste);
+  const char* antes = ": ";
+  for (const CKXDadosCM_ACAutorizacaoCompra& regra : node.GetListaAC()) {
+    linha += antes + Nome(regra);
+    antes = "; ";
+  }
+  if (chaves.ChaveNivelAnterior != acima) {
+    linha += " (acima " + std::to_string(chaves.ChaveNivelAnterior) + ')';
+  }
+  if (node.GethTI() != nullptr) {
+    linha += " (item " + std::to_string(reinterpret_cast<std::uintptr_t>(node.GethTI())) + ')';
+  }
+  return linha;
+}
 
 }  // namespace
 
@@ -85,29 +115,6 @@ void CKXDadosCM_ACTreeAutorizacaoCompra::CopiaCampos(const Node& origem) {
 bool CKXDadosCM_ACTreeAutorizacaoCompra::MesmoConteudo(const Node& outro) const {
   return kx::RegistrosIguais(_rACSmall, outro._rACSmall) && _hTI == outro._hTI &&
          _ListaAC == outro._ListaAC && GetQuantidadeNodes() == outro.GetQuantidadeNodes();
-}
-
-// Pre-order from the node given, itself included, without recursion. `chave` is what a visit may
-// change for the subtree of its node. The stack holds the lists that are not yet at their end, so
-// a chain needs one place of it, however long.
-template <class N, class Visita>
-void CKXDadosCM_ACTreeAutorizacaoCompra::Percorre(N& raiz, unsigned long chave, Visita visita) {
-  struct Adiante {
-    POSITION Onde;
-    unsigned long Chave;
-  };
-  std::vector<Adiante> pilha;
-  for (N* node = &raiz;;) {
-    const Passo passo = visita(*node, chave);
-    if (passo == Passo::Termina) return;
-    if (passo == Passo::Desce && !node->_ExNodes.IsEmpty()) {
-      pilha.push_back({node->_ExNodes.GetHeadPosition(), chave});
-    }
-    if (pilha.empty()) return;
-    chave = pilha.back().Chave;
-    node = &raiz._ExNodes.GetNext(pilha.back().Onde);
-    if (pilha.back().Onde == nullptr) pilha.pop_back();
-  }
 }
 
 void CKXDadosCM_ACTreeAutorizacaoCompra::CopiaNodes(const Node& origem) {
@@ -235,12 +242,7 @@ CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::Adiciona
 }
 
 CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::Anexa(Node&& novo) {
-  Node* pai = nullptr;
-  Percorre(*this, novo._rACSmall.ChaveNivelAnterior, [&](Node& node, unsigned long chave) {
-    if (&node == this || node._rACSmall.ChaveEste != chave) return Passo::Desce;
-    pai = &node;
-    return Passo::Termina;
-  });
+  Node* const pai = AchaNode(novo._rACSmall.ChaveNivelAnterior);
   return pai != nullptr ? &pai->_ExNodes.EmplaceTail(std::move(novo)) : nullptr;
 }
 
@@ -264,35 +266,70 @@ CKXDadosCM_ACTreeAutorizacaoCompra::RemoveTodosNodes() noexcept {
   return *this;
 }
 
+CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::AchaNode(
+    unsigned long chave) {
+  return const_cast<Node*>(std::as_const(*this).AchaNode(chave));
+}
+
+const CKXDadosCM_ACTreeAutorizacaoCompra* CKXDadosCM_ACTreeAutorizacaoCompra::AchaNode(
+    unsigned long chave) const {
+  for (auto [node, nivel] : Percorre()) {
+    if (node._rACSmall.ChaveEste == chave) return &node;
+  }
+  return nullptr;
+}
+
+bool CKXDadosCM_ACTreeAutorizacaoCompra::DeletarNode(unsigned long chave) {
+  for (auto i = Percorre().begin(); i._node != nullptr; ++i) {
+    if (i._node->_rACSmall.ChaveEste != chave) continue;
+    i._pai->_ExNodes.RemoveAt(i._onde);
+    return true;
+  }
+  return false;
+}
+
+// Where a level has more digits than lines are wide, indenting on would take the square of the
+// depth.
+void CKXDadosCM_ACTreeAutorizacaoCompra::Descreve(kx::Descricao& descricao) const {
+  constexpr std::size_t kUltimoRecuo = 40;
+  const bool mostraEste = _rACSmall.ChaveEste != 0 || _rACSmall.ChaveNivelAnterior != 0 ||
+                          _hTI != nullptr || GetQuantidadeAC() != 0;
+  if (mostraEste) descricao.Linha(Linha(*this, 0));
+  for (auto i = Percorre().begin(); i._node != nullptr; ++i) {
+    const std::size_t nivel = i._nivel - (mostraEste ? 0 : 1);
+    descricao.Linha(std::string(2 * std::min(nivel, kUltimoRecuo), ' ') +
+                    Linha(*i._node, i._pai->_rACSmall.ChaveEste));
+  }
+}
+
 HTREEITEM CKXDadosCM_ACTreeAutorizacaoCompra::AchaItemArvore(unsigned long chave) const {
-  HTREEITEM item = nullptr;
-  Percorre(*this, chave, [&item](const Node& node, unsigned long procurada) {
-    if (node._rACSmall.ChaveEste != procurada) return Passo::Desce;
-    item = node._hTI;
-    return item != nullptr ? Passo::Termina : Passo::Pula;
-  });
-  return item;
+  for (Iterador<const Node> i(*this); i._node != nullptr;) {
+    const bool achou = i._node->_rACSmall.ChaveEste == chave;
+    if (achou && i._node->_hTI != nullptr) return i._node->_hTI;
+    i.Avanca(!achou);
+  }
+  return nullptr;
 }
 
 unsigned long CKXDadosCM_ACTreeAutorizacaoCompra::AchaPonteiroArvore(HTREEITEM item) const {
-  unsigned long chave = 0;
-  Percorre(*this, 0, [&chave, item](const Node& node, unsigned long) {
-    if (node._hTI != item) return Passo::Desce;
-    chave = node._rACSmall.ChaveEste;
-    return chave != 0 ? Passo::Termina : Passo::Pula;
-  });
-  return chave;
+  for (Iterador<const Node> i(*this); i._node != nullptr;) {
+    const bool achou = i._node->_hTI == item;
+    if (achou && i._node->_rACSmall.ChaveEste != 0) return i._node->_rACSmall.ChaveEste;
+    i.Avanca(!achou);
+  }
+  return 0;
 }
 
 bool CKXDadosCM_ACTreeAutorizacaoCompra::EhReferenciaCiclica(unsigned long chave,
                                                              unsigned long procurada) const {
-  bool achou = false;
-  Percorre(*this, chave, [&achou, procurada](const Node& node, unsigned long& acima) {
-    if (node._rACSmall.ChaveEste == acima) acima = 0;
-    achou = acima == 0 && node._rACSmall.ChaveEste == procurada;
-    return achou ? Passo::Termina : Passo::Desce;
-  });
-  return achou;
+  constexpr std::size_t kFora = ~std::size_t{0};
+  std::size_t topo = kFora;  // the level of the node with the key in whose subtree the walk is
+  for (Iterador<const Node> i(*this); i._node != nullptr; ++i) {
+    const unsigned long esta = i._node->_rACSmall.ChaveEste;
+    if (i._nivel <= topo) topo = chave == 0 || esta == chave ? i._nivel : kFora;
+    if (topo != kFora && esta == procurada) return true;
+  }
+  return false;
 }
 
 void CKXDadosCM_ACTreeAutorizacaoCompra::LocalizaChaveTodosNosFilhos(
@@ -306,18 +343,17 @@ void CKXDadosCM_ACTreeAutorizacaoCompra::LocalizaChaveTodosNosFilhos(
 
 void CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaChaveTodosNosFilhos(
     unsigned long chave, const Node& node, CArray<unsigned long>& chaves) {
-  Percorre(node, chave, [&chaves](const Node& abaixo, unsigned long nivelAnterior) {
-    if (abaixo._rACSmall.ChaveNivelAnterior != nivelAnterior) return Passo::Desce;
-    chaves.Add(abaixo._rACSmall.ChaveEste);
-    AdicionaChaveTodosNosFilhos2(abaixo, chaves);
-    return Passo::Pula;
-  });
+  for (Iterador<const Node> i(node); i._node != nullptr;) {
+    const bool nomeia = i._node->_rACSmall.ChaveNivelAnterior == chave;
+    if (nomeia) {
+      chaves.Add(i._node->_rACSmall.ChaveEste);
+      AdicionaChaveTodosNosFilhos2(*i._node, chaves);
+    }
+    i.Avanca(!nomeia);
+  }
 }
 
 void CKXDadosCM_ACTreeAutorizacaoCompra::AdicionaChaveTodosNosFilhos2(
     const Node& node, CArray<unsigned long>& chaves) {
-  Percorre(node, 0, [&](const Node& abaixo, unsigned long) {
-    if (&abaixo != &node) chaves.Add(abaixo._rACSmall.ChaveEste);
-    return Passo::Desce;
-  });
+  for (auto [abaixo, nivel] : node.Percorre()) chaves.Add(abaixo._rACSmall.ChaveEste);
 }

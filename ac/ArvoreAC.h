@@ -7,13 +7,23 @@
 //   CArray<unsigned long> chaves;
 //   raiz.LocalizaChaveTodosNosFilhos(chave, chaves);        // the rule and all below it
 //
+//   raiz.AdicionaExNodes(CKXDadosCM_ACTreeAutorizacaoCompra(regra));  // of the top level
+//   raiz.AdicionaNode(regra);                                         // below its level above
+//   if (auto* node = raiz.AchaNode(chave)) node->GetPtrAC(0)->SetCodigo("DIR");
+//   for (auto [node, nivel] : raiz.Percorre()) Mostra(node, nivel);   // those above first
+//   std::cout << raiz;                                                // a line for each
+//   raiz.DeletarNode(chave);                                          // with all below it
+//
 // Depth is bounded by memory alone: no operation recurses.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "ac/RegrasAC.h"
+#include "core/Descreve.h"
 #include "core/Membro.h"
 #include "kxldados/CArray.h"
 #include "kxldados/CList.h"
@@ -80,13 +90,15 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   CKXDadosCM_ACTreeAutorizacaoCompra& CopiarDe(const tagREG_CM_LE_LISTA_AC_CMSAUTPS* lista);
 
   // Attaches one record to the hierarchy as it stands: as the last child of the first descendant,
-  // in pre-order, whose key is the record's level above. This node's own key is not looked at.
+  // in pre-order, whose key is the record's level above, the one that AchaNode finds. This node's
+  // own key is not looked at, so a rule of the top level is attached by AdicionaExNodes instead.
   // Returns the new node, which this hierarchy owns; null when there is no such descendant.
   CKXDadosCM_ACTreeAutorizacaoCompra* AdicionaNode(
       const tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS& chaves);
   CKXDadosCM_ACTreeAutorizacaoCompra* AdicionaNode(const tagREG_CM_AUTORIZACAO_CMSAUTPS* regra);
 
-  // Appends a deep copy of the node, which may be this one or part of this hierarchy.
+  // Appends a deep copy of the node, which may be this one or part of this hierarchy, as the last
+  // child: on the root, a rule of the top level. Its level above is not looked at.
   CKXDadosCM_ACTreeAutorizacaoCompra& AdicionaExNodes(
       const CKXDadosCM_ACTreeAutorizacaoCompra& node);
   // Removes every child, with what is below it.
@@ -96,6 +108,120 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   // The children themselves.
   Nodes& GetExNodes() noexcept { return _ExNodes; }
   const Nodes& GetExNodes() const noexcept { return _ExNodes; }
+
+  // The first descendant in pre-order with that key, this node not included; null when there is
+  // none. It belongs to this hierarchy.
+  CKXDadosCM_ACTreeAutorizacaoCompra* AchaNode(unsigned long chave);
+  const CKXDadosCM_ACTreeAutorizacaoCompra* AchaNode(unsigned long chave) const;
+  // Removes the node that AchaNode finds, with what is below it; false when there is none.
+  bool DeletarNode(unsigned long chave);
+
+  // A step of a walk.
+  template <class N>
+  struct Passo {
+    N& Node;            // the node that is visited
+    std::size_t Nivel;  // 0 for the children of the node on which the walk was asked for
+  };
+  // Stands behind the last node.
+  struct FimDoPercurso {};
+
+  // An input iterator over nodes: the one where the walk begins, then those below it.
+  template <class N>
+  class Iterador {
+   public:
+    // What the algorithms of the standard library ask for.
+    using value_type = Passo<N>;
+    using difference_type = std::ptrdiff_t;
+
+    // At that node, whose level does not count.
+    explicit Iterador(N& raiz) noexcept : _node(&raiz) {}
+
+    // The node and its level.
+    Passo<N> operator*() const noexcept { return {*_node, _nivel - 1}; }
+    // To the next node. Throws std::bad_alloc.
+    Iterador& operator++() {
+      Avanca(true);
+      return *this;
+    }
+    void operator++(int) { Avanca(true); }
+    // Behind the last node.
+    bool operator==(FimDoPercurso) const noexcept { return _node == nullptr; }
+
+   private:
+    friend class CKXDadosCM_ACTreeAutorizacaoCompra;
+
+    // A list of children that is not yet at its end. A list leaves the stack with its last node, so
+    // a chain needs one place of it, however long.
+    struct Adiante {
+      POSITION Onde;
+      N* Pai;
+      std::size_t Nivel;
+    };
+
+    // To the next node; past what is below this one, where that is not wanted.
+    void Avanca(bool desce) {
+      if (desce && !_node->_ExNodes.IsEmpty()) {
+        _pilha.push_back({_node->_ExNodes.GetHeadPosition(), _node, _nivel + 1});
+      }
+      if (_pilha.empty()) {
+        _node = nullptr;
+        return;
+      }
+      Adiante& lista = _pilha.back();
+      _pai = lista.Pai;
+      _onde = lista.Onde;
+      _nivel = lista.Nivel;
+      _node = &_pai->_ExNodes.GetNext(lista.Onde);
+      if (lista.Onde == nullptr) _pilha.pop_back();
+    }
+
+    std::vector<Adiante> _pilha;
+    N* _node;
+    N* _pai = nullptr;         // null at the beginning
+    POSITION _onde = nullptr;  // of the node, in its parent's list
+    std::size_t _nivel = 0;    // 0 at the beginning
+  };
+
+  // A walk down from a node, without recursion: what Percorre returns.
+  template <class N>
+  class Percurso {
+   public:
+    // Below that node, which must outlive the walk.
+    Percurso(N& raiz) noexcept : _raiz(&raiz) {}
+    // At the first node below it; behind the last.
+    Iterador<N> begin() const {
+      Iterador<N> primeiro(*_raiz);
+      ++primeiro;
+      return primeiro;
+    }
+    FimDoPercurso end() const noexcept { return {}; }
+
+   private:
+    N* _raiz;
+  };
+
+  // The descendants for a range-for, in pre-order: each before what is below it, siblings in their
+  // order. This node is not among them.
+  //
+  //   for (auto [node, nivel] : raiz.Percorre()) ...
+  //
+  // Meanwhile the node that is visited may get and lose children, which are visited next; nothing
+  // else of the hierarchy may be added, removed or moved. A step throws std::bad_alloc.
+  Percurso<CKXDadosCM_ACTreeAutorizacaoCompra> Percorre() & noexcept { return {*this}; }
+  Percurso<const CKXDadosCM_ACTreeAutorizacaoCompra> Percorre() const& noexcept { return {*this}; }
+  // Of a temporary, which would be gone before the first step.
+  Percurso<const CKXDadosCM_ACTreeAutorizacaoCompra> Percorre() const&& = delete;
+
+  // A line for each node in pre-order, indented by two blanks a level as far as the fortieth:
+  //
+  //   10: PRE Presidencia
+  //     20: DIR Diretoria
+  //
+  // The key, then code and description of each of its rules. What is unusual follows: the level
+  // above, "(acima 7)", where it is not the key of the node above, and the tree-view item, if it
+  // has one. This node comes first, unless it has nothing to show, as a root; operator<< writes the
+  // same.
+  void Descreve(kx::Descricao& descricao) const;
 
   // The tree-view item of the first node in pre-order, this one included, with that key; null when
   // there is none. A node with the key and no item is passed over together with what is below it.
@@ -121,11 +247,6 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
  private:
   using Node = CKXDadosCM_ACTreeAutorizacaoCompra;
 
-  // What a visit to a node says of the walk: on to the children, past them, or no further.
-  enum class Passo : std::uint8_t { Desce, Pula, Termina };
-
-  template <class N, class Visita>
-  static void Percorre(N& raiz, unsigned long chave, Visita visita);
   // A rule that was read, before its node exists.
   struct RegraLida {
     tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS Small;

@@ -94,6 +94,8 @@ void Descricao::Linha(std::string_view nome, std::string_view valor) {
   _texto.append(_margem).append(nome).append(": ").append(valor) += '\n';
 }
 
+void Descricao::Linha(std::string_view texto) { _texto.append(_margem).append(texto) += '\n'; }
+
 void Descricao::LinhaLatin1(std::string_view nome, std::string_view valor) {
   Linha(nome, LinhaDeLatin1(valor));
 }

@@ -30,8 +30,10 @@ namespace kx {
 // A description in the making; an object writes itself into it by its Descreve.
 class KX_API Descricao {
  public:
-  // One line; its value is UTF-8, or Latin-1 that becomes UTF-8 on one line.
+  // One line, as a whole or of a name and a value: UTF-8, or Latin-1 that becomes UTF-8 on one
+  // line.
   void Linha(std::string_view nome, std::string_view valor);
+  void Linha(std::string_view texto);
   void LinhaLatin1(std::string_view nome, std::string_view valor);
   // The field of a record, if it is not empty.
   void Campo(const KXCampo& campo, const void* registro);

@@ -1,14 +1,20 @@
 // Approval rules arrive as a list and become a tree: each rule names the rule of the level above.
-// Succeeds when the tree answers what the screens ask of it.
+// Shows it, and succeeds when it answers what the screens ask of it.
+#include <algorithm>
 #include <iostream>
 
 #include "ac/DadosAC.h"
+#include "kxldados/Dinheiro.h"
+
+using namespace kx::literais;
 
 namespace {
 
 constexpr std::uint32_t kGerencia = 30;
+constexpr std::uint32_t kCompras = 31;
 constexpr std::uint32_t kDiretoria = 20;
 constexpr std::uint32_t kPresidencia = 10;
+constexpr std::uint32_t kConselho = 11;
 
 CKXDadosCM_ACAutorizacaoCompra Regra(const char* codigo, std::uint32_t chave, std::uint32_t acima) {
   CKXDadosCM_ACUsuarios grupo;  // either of the two approves
@@ -16,7 +22,7 @@ CKXDadosCM_ACAutorizacaoCompra Regra(const char* codigo, std::uint32_t chave, st
   grupo.AdicionaUsuarios_OR(CKXDadosCM_ACUsuario().SetUsuario(9));
   CKXDadosCM_ACAutorizacaoCompra regra;
   regra.SetCodigo(codigo).SetChaveEste(chave).SetChaveNivelAnterior(acima);
-  regra.SetFaixaValorInicial(CY{50000000}).AdicionaUsuarios_AND(grupo);  // from R$ 5.000,00
+  regra.SetFaixaValorInicial("5.000,00"_rs).AdicionaUsuarios_AND(grupo);
   return regra;
 }
 
@@ -40,7 +46,24 @@ int main() {
   // May the top rule go below the lowest one? No: it would be above itself.
   const bool ciclo = raiz.EhReferenciaCiclica(kPresidencia, kGerencia);
 
-  std::cout << "regras no topo: " << raiz.GetQuantidadeNodes() << ", com as de baixo "
-            << abaixo.GetCount() << '\n';
-  return raiz.GetQuantidadeNodes() == 1 && abaixo.GetCount() == 3 && ciclo ? 0 : 1;
+  // A rule below another, found by its level above; and one of the top level, which has none.
+  const kx::RegistroDe compras(Regra("COM", kCompras, kDiretoria));
+  const bool entrou = raiz.AdicionaNode(compras.GetPtr()) != nullptr;
+  const kx::RegistroDe conselho(Regra("CON", kConselho, 0));
+  raiz.AdicionaExNodes(CKXDadosCM_ACTreeAutorizacaoCompra(conselho.GetPtr()));
+
+  // Find one by its key, and what is attached to it.
+  CKXDadosCM_ACTreeAutorizacaoCompra* const achada = raiz.AchaNode(kDiretoria);
+  if (achada != nullptr) achada->GetPtrAC(0)->SetDescricao("Diretoria");
+
+  // Every rule with its level, those above first; 0 is the top.
+  std::size_t niveis = 0;
+  for (auto [node, nivel] : raiz.Percorre()) niveis = std::max(niveis, nivel + 1);
+
+  std::cout << raiz;                                 // a line for each
+  const bool saiu = raiz.DeletarNode(kPresidencia);  // with all below it
+  std::cout << "depois:\n" << raiz;
+
+  const bool certo = abaixo.GetCount() == 3 && ciclo && entrou && achada != nullptr;
+  return certo && niveis == 3 && saiu && raiz.GetQuantidadeNodes() == 1 ? 0 : 1;
 }

@@ -41,6 +41,7 @@ struct REG_KXDMA {
   std::uint8_t Mes;   // 1 to 12
   std::uint16_t Ano;  // 1 to 9999
   bool operator==(const REG_KXDMA&) const = default;
+  // By year, month and day.
   constexpr std::strong_ordering operator<=>(const REG_KXDMA& outra) const noexcept {
     if (Ano != outra.Ano) return Ano <=> outra.Ano;
     if (Mes != outra.Mes) return Mes <=> outra.Mes;
@@ -116,6 +117,8 @@ namespace kx {
 template <class T>
 struct HashDeBytes {
   static_assert(std::has_unique_object_representations_v<T>);
+
+  // The hash of one value.
   std::size_t operator()(const T& valor) const noexcept {
     struct Palavras {
       std::uint32_t Valores[sizeof(T) / sizeof(std::uint32_t)];

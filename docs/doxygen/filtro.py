@@ -15,7 +15,7 @@ RAIZ = Path(__file__).resolve().parents[2]
 MEMBROS = Path(__file__).with_name("membros.txt")
 
 ESPECIAIS = re.compile(r"([\\@<>#%&*])")
-DECLARACAO = re.compile(r"\s*(template\s*<.*?>\s*)?(class|struct|union|enum|namespace)\b[^(=]*$")
+DECLARACAO = re.compile(r"\s*(template\s*<.*?>\s*)?(class|struct|union|enum|(inline )?namespace)\b[^(=]*$")
 DO_COMPILADOR = re.compile(r"[^{}]*=\s*(default|delete);")
 OCULTA = re.compile(r"\s*(template <>|.*void Partes\(|.* MoveDe\(|friend (class|struct) |(virtual )?~)")
 # What needs no comment of its own in a header.

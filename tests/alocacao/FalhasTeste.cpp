@@ -233,8 +233,10 @@ TEST(FalhasArvore, AdicionaEProcura) {
         EXPECT_EQ(chaves.GetSize(), 3);  // 2, and 3 twice
         EXPECT_TRUE(raiz.EhReferenciaCiclica(2, 3));
         EXPECT_EQ(raiz.AchaItemArvore(3), nullptr);
+        EXPECT_EQ(kx::Descreve(raiz), "2\n  3: (sem nome)\n0\n  2\n    3: (sem nome)\n");
+        EXPECT_TRUE(raiz.DeletarNode(2) && raiz.DeletarNode(2) && !raiz.DeletarNode(2));
         const Arvore movida(std::move(raiz));
-        EXPECT_EQ(movida.GetQuantidadeNodes(), 2);
+        EXPECT_EQ(movida.GetQuantidadeNodes(), 1);
       },
       [] {});
 }

@@ -2,6 +2,7 @@
 
 #include <list>
 #include <map>
+#include <utility>
 
 namespace apoio {
 
@@ -81,6 +82,27 @@ struct FlorestaPlana {
       if (entra) chaves.push_back(filho.Registro.ChaveEste);
       filho.Localiza(chave, entra, chaves);
     }
+  }
+
+  bool Deleta(std::uint32_t chave) {
+    for (auto filho = Filhos.begin(); filho != Filhos.end(); ++filho) {
+      if (filho->Registro.ChaveEste == chave) {
+        Filhos.erase(filho);
+        return true;
+      }
+      if (filho->Deleta(chave)) return true;
+    }
+    return false;
+  }
+
+  // "level:key" of each node below, in pre-order.
+  std::string Niveis(std::size_t nivel = 0) const {
+    std::string texto;
+    for (const FlorestaPlana& filho : Filhos) {
+      texto += std::to_string(nivel) + ":" + std::to_string(filho.Registro.ChaveEste) + " " +
+               filho.Niveis(nivel + 1);
+    }
+    return texto;
   }
 
   // "key<level above" of each child, its own children in parentheses.
@@ -216,10 +238,21 @@ void ProvaFloresta(const std::vector<ChavesAC>& registros, std::uint32_t a, std:
 
   Arvore copia(raiz);
   KX_EXIGE(copia == raiz);
-  const Arvore movida(std::move(copia));
+  Arvore movida(std::move(copia));
   KX_EXIGE(movida == raiz);
   raiz.AdicionaExNodes(raiz);
   KX_EXIGE(movida != raiz);
+
+  std::string niveis;
+  for (auto [node, nivel] : std::as_const(movida).Percorre()) {
+    niveis += std::to_string(nivel) + ":" + std::to_string(node.GetrACSmall().ChaveEste) + " ";
+  }
+  KX_EXIGE(niveis == plana.Niveis(), niveis);
+  const bool saiu = plana.Deleta(b);
+  const Arvore* const achado = movida.AchaNode(b);
+  KX_EXIGE(saiu == (achado != nullptr) && (!saiu || achado->GetrACSmall().ChaveEste == b));
+  KX_EXIGE(movida.DeletarNode(b) == saiu);
+  KX_EXIGE(TextoDaFloresta(movida) == plana.Texto(), TextoDaFloresta(movida));
 }
 
 void ProvaFloresta(Bytes bytes) {

@@ -6,8 +6,10 @@
 #include <chrono>
 #include <limits>
 #include <random>
+#include <ranges>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "ac/DadosAC.h"
@@ -143,6 +145,60 @@ TEST(ArvoreBusca, ItemPelaChave) {
   EXPECT_EQ(raiz.AchaItemArvore(~0UL - 0xFFFFFFFF), sizeof(unsigned long) == 4 ? Item(1) : nullptr);
 }
 
+// A chain whose records stand in the order given: 0 as it hangs, 1 reversed, 2 shuffled.
+Registros Corrente(std::uint32_t quantos, int ordem) {
+  Registros registros;
+  for (std::uint32_t i = 1; i <= quantos; ++i) registros.push_back({i, i - 1});
+  if (ordem == 1) std::reverse(registros.begin(), registros.end());
+  if (ordem == 2) std::shuffle(registros.begin(), registros.end(), std::mt19937(1));
+  return registros;
+}
+
+static_assert(std::ranges::input_range<decltype(std::declval<Arvore&>().Percorre())>);
+
+TEST(ArvorePercurso, NemEsteNodeSeAchaNemSeRemove) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {7, 2}, {3, 1}, {4, 0}});
+  raiz.SetrACSmall({7, 0});
+  EXPECT_EQ(raiz.AchaNode(7), &Filho(Filho(Filho(raiz, 0), 0), 0));
+  EXPECT_EQ(raiz.AchaNode(9), nullptr);
+  EXPECT_EQ(raiz.AchaNode(4 + (~0UL - 0xFFFFFFFF)), sizeof(long) == 4 ? raiz.AchaNode(4) : nullptr);
+  EXPECT_FALSE(raiz.AchaNode(2)->DeletarNode(2));
+  EXPECT_TRUE(raiz.DeletarNode(2));
+  EXPECT_FALSE(raiz.DeletarNode(7));
+  EXPECT_EQ(TextoDaFloresta(raiz), "1<0(3<1) 4<0");
+  const Arvore folha(Chaves{1, 0});
+  for (auto [node, nivel] : folha.Percorre()) ADD_FAILURE() << node.GetrACSmall().ChaveEste;
+}
+
+TEST(ArvorePercurso, ONodeVisitadoGanhaEPerdeFilhos) {
+  Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 0}});
+  std::string visitados;
+  for (auto [node, nivel] : raiz.Percorre()) {
+    const std::uint32_t chave = node.GetrACSmall().ChaveEste;
+    visitados += std::to_string(chave) + " ";
+    if (chave == 1) node.RemoveTodosNodes();
+    if (chave == 3) node.AdicionaExNodes(Arvore(Chaves{4, 3}));
+  }
+  EXPECT_EQ(visitados, "1 3 4 ");
+}
+
+TEST(ArvoreMostra, UmaLinhaPorNode) {
+  Arvore raiz = Monta({{10, 0}, {20, 10}, {30, 20}, {11, 0}});
+  Arvore& dez = *raiz.AchaNode(10);
+  dez.AdicionaAC(Regra().SetCodigo("PRE").SetDescricao("Presid\xEAncia")).AdicionaAC(Regra());
+  raiz.AchaNode(20)->AdicionaAC(Regra().SetDescricao("Dir\n1")).SethTI(Item(1));
+  raiz.AdicionaExNodes(Arvore(Chaves{12, 10}));
+  EXPECT_EQ(kx::Descreve(raiz),
+            "10: PRE Presid\xC3\xAAncia; (sem nome)\n"
+            "  20: Dir 1 (item 16)\n"
+            "    30\n"
+            "11\n"
+            "12 (acima 10)\n");
+  EXPECT_EQ(kx::Descreve(*raiz.AchaNode(20)), "20: Dir 1 (acima 10) (item 16)\n  30\n");
+  EXPECT_EQ(kx::Descreve(Arvore()), "");
+  EXPECT_TRUE(kx::Descreve(Monta(Corrente(60, 0))).ends_with("\n" + std::string(80, ' ') + "60\n"));
+}
+
 TEST(ArvoreCopia, EhFundaELevaItensERegras) {
   Arvore raiz = Monta({{1, 0}, {2, 1}, {3, 1}});
   Filho(Filho(raiz, 0), 1).SethTI(Item(3)).AdicionaAC(Regra().SetCodigo("X"));
@@ -183,15 +239,6 @@ TEST(ArvoreNodes, EnderecoResisteAosIrmaos) {
   EXPECT_EQ(dois->GetrACSmall().ChaveEste, 2U);
 }
 
-// A chain whose records stand in the order given: 0 as it hangs, 1 reversed, 2 shuffled.
-Registros Corrente(std::uint32_t quantos, int ordem) {
-  Registros registros;
-  for (std::uint32_t i = 1; i <= quantos; ++i) registros.push_back({i, i - 1});
-  if (ordem == 1) std::reverse(registros.begin(), registros.end());
-  if (ordem == 2) std::shuffle(registros.begin(), registros.end(), std::mt19937(1));
-  return registros;
-}
-
 void PercorreUmMilhaoDeNiveis() {
   constexpr std::uint32_t kNiveis = 1'000'000;
   Arvore raiz = Monta(Corrente(kNiveis, 1));
@@ -205,6 +252,13 @@ void PercorreUmMilhaoDeNiveis() {
   CArray<unsigned long> chaves;
   copia.LocalizaChaveTodosNosFilhos(1, chaves);
   EXPECT_EQ(chaves.GetSize(), kNiveis + 1);
+  std::size_t visitados = 0;
+  for (auto [node, nivel] : copia.Percorre()) {
+    if (nivel + 1 == node.GetrACSmall().ChaveEste) ++visitados;
+  }
+  EXPECT_EQ(visitados, kNiveis + 1);
+  EXPECT_TRUE(copia.DeletarNode(kNiveis + 1));
+  EXPECT_TRUE(copia == raiz && copia.DeletarNode(1) && copia.GetQuantidadeNodes() == 0);
   raiz.Limpar();
   EXPECT_TRUE(raiz.EstaVazio());
 }
