@@ -24,6 +24,7 @@ namespace kx {
 // neither bool nor a character does.
 class Inteiro {
  public:
+  // From a whole number of at most 64 bits; neither characters nor `bool` are one.
   template <class T>
   requires(std::is_integral_v<T> && sizeof(T) <= 8 && !std::is_same_v<T, bool> &&
            !std::is_same_v<T, char> && !std::is_same_v<T, wchar_t> && !std::is_same_v<T, char8_t> &&
