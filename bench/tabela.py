@@ -18,7 +18,7 @@ import subprocess
 import sys
 from typing import NamedTuple
 
-PACOTES = ["libbenchmark-dev", "zlib1g-dev", "libdeflate-dev", "libprotobuf-dev",
+PACOTES = ["libbenchmark-dev", "zlib1g-dev", "libdeflate-dev", "libzstd-dev", "libprotobuf-dev",
            "libflatbuffers-dev", "libcapnp-dev", "libcereal-dev"]
 INSTRUCOES = ["pclmulqdq", "avx2", "vpclmulqdq", "avx512f"]
 PARES = {"Protobuf": "protobuf", "Flatbuffers": "FlatBuffers", "Capnp": "Cap'n Proto",
@@ -68,6 +68,27 @@ def com_pares():
     for par, contra in PARES.items():
         yield Comparacao("order, size", "OrdemCopiarParaELibera", contra, f"{par}Codifica",
                          grandeza="bytes")
+    yield from de_imagens()
+
+
+def de_imagens():
+    """The order as an image, against its record and the formats that are read in place."""
+    for nome, medida, metas in (("without checksum", "Sem", (0.35, 0.2)), ("", "", (0.7, 0.5))):
+        sufixo = f", {nome}" if nome else ""
+        yield Comparacao(f"order, image written{sufixo}", f"ImagemEscreve{medida}",
+                         "to record", "OrdemCopiarParaELibera", metas[0])
+        yield Comparacao(f"order, image opened{sufixo}", f"ImagemAbre{medida}",
+                         "FlatBuffers, verified only", "FlatbuffersVerifica", metas[1])
+    yield Comparacao("order, image opened and read, without checksum", "ImagemAbreECopiarDe",
+                     "from record", "OrdemCopiarDe", 1.15)
+    yield Comparacao("order, image in new memory, without checksum", "ImagemNova", "to record",
+                     "OrdemCopiarParaELibera")
+    for par, contra in PARES.items():
+        yield Comparacao("order, image written", "ImagemEscreve", contra, f"{par}Codifica")
+    for grandeza, nome in (("bytes", "size"), ("zstd", "size through zstd")):
+        for par, contra in PARES.items():
+            yield Comparacao(f"order, image, {nome}", "ImagemEscreve", contra, f"{par}Codifica",
+                             grandeza=grandeza)
 
 
 def le(arquivos):
@@ -88,7 +109,7 @@ def valor(medida, grandeza):
 
 
 def mostra(quanto, grandeza):
-    if grandeza == "bytes":
+    if grandeza in ("bytes", "zstd"):
         return f"{quanto:,.0f} B"
     for unidade, escala in (("ms", 1e6), ("µs", 1e3)):
         if quanto >= escala:

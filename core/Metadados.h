@@ -64,12 +64,22 @@ struct KXCampo {
   const KXRegistroInfo* Elemento;  // record of the elements, of a list alone
 };
 
+// A row from which something hangs, or of spare bytes: where to go without looking at all rows.
+struct KXPendente {
+  KXPapel Papel;                   // Lista, Contado, Corrido, Terminado or Zero
+  std::uint16_t Posicao;           // of the pointer; of the spare bytes
+  std::uint16_t Medida;            // position of the count or size; of spare bytes, how many
+  const char* Nome;                // of the member of the struct
+  const KXRegistroInfo* Elemento;  // record of the elements, of a list alone
+};
+
 // One record.
 struct KXRegistroInfo {
-  const char* Nome;                 // of the struct
-  const char* Significado;          // English, without a full stop
-  std::uint32_t Tamanho;            // bytes
-  std::span<const KXCampo> Campos;  // in byte order
+  const char* Nome;                            // of the struct
+  const char* Significado;                     // English, without a full stop
+  std::uint32_t Tamanho;                       // bytes
+  std::span<const KXCampo> Campos;             // in byte order
+  std::span<const KXPendente> Pendentes = {};  // in byte order
 };
 
 // Specialised by each record table: Registro, kInfo, kCampos and VisitaPendentes, the visit of what

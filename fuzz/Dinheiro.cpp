@@ -162,6 +162,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
   const CY b = LeValor(bytes);
   ExigeContas(a, b);
   ExigeIdaEVolta(a, bytes.Valor<std::int8_t>());
+  // Beyond the ends of the range, too.
+  std::string vizinho = SemMilhares(kx::TextoDeDinheiro(a, 4));
+  vizinho.back() = static_cast<char>('0' + bytes.Ate(9));
+  ExigeLeitura(vizinho);
   const std::string texto = bytes.Tudo();
   ExigeLeitura(texto);
   ExigeLeitura(Numero(texto, "0123456789055550999900009.-+ ,e"));

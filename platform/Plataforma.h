@@ -72,6 +72,10 @@ KX_API void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept
 // is touched. False, and `tamanho` as it was, when a fault comes first or the text is null.
 KX_API bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& tamanho) noexcept;
 
+// Runs the action with the context, which is not null, under the same guard; false when a fault
+// stopped it, wherever it was. It is left as it stands, so it must own, lock and throw nothing.
+KX_API bool Protege(void (*acao)(void* contexto), void* contexto) noexcept;
+
 // True when the n bytes can be read, false when they are null or a fault stops the look at every
 // page of them. What is copied out of them next needs no guard of its own, as long as nobody unmaps
 // them meanwhile.

@@ -230,6 +230,7 @@ void Olha(void* /*destino*/, const volatile char* bloco, std::size_t n) {
   for (std::size_t i = 0; i < n; i += kMenorPagina) [[maybe_unused]] const char visto = bloco[i];
   [[maybe_unused]] const char ultimo = bloco[n - 1];
 }
+void Chama(void* contexto, void (*acao)(void*), std::size_t /*n*/) { acao(contexto); }
 
 // Runs the action; null when a fault stopped it. The fences keep the compiler from moving the
 // action's memory accesses out of the guarded stretch.
@@ -266,6 +267,10 @@ void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept {
 
 bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& tamanho) noexcept {
   return texto != nullptr && SemFalha<Mede>(&tamanho, texto, limite) != nullptr;
+}
+
+bool Protege(void (*acao)(void* contexto), void* contexto) noexcept {
+  return SemFalha<Chama>(contexto, acao, 0) != nullptr;
 }
 
 bool Legivel(const void* bloco, std::size_t n) noexcept {

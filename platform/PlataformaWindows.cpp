@@ -172,6 +172,10 @@ void Olha(void* /*destino*/, std::uintptr_t fonte, std::size_t n) {
   [[maybe_unused]] const char ultimo = bloco[n - 1];
 }
 
+void Chama(void* contexto, std::uintptr_t acao, std::size_t /*n*/) {
+  reinterpret_cast<void (*)(void*)>(acao)(contexto);
+}
+
 std::uintptr_t Endereco(const void* bloco) { return reinterpret_cast<std::uintptr_t>(bloco); }
 
 }  // namespace
@@ -191,6 +195,10 @@ void* PreencheProtegido(void* destino, int valor, std::size_t n) noexcept {
 
 bool MedeProtegido(const char* texto, std::size_t limite, std::size_t& tamanho) noexcept {
   return texto != nullptr && SobGuarda(&tamanho, Endereco(texto), limite, Mede);
+}
+
+bool Protege(void (*acao)(void* contexto), void* contexto) noexcept {
+  return SobGuarda(contexto, reinterpret_cast<std::uintptr_t>(acao), 0, Chama);
 }
 
 bool Legivel(const void* bloco, std::size_t n) noexcept {

@@ -11,11 +11,13 @@
 #include <cereal/types/vector.hpp>
 #include <cstdlib>
 #include <iostream>
+#include <span>
 #include <sstream>
 #include <string>
 #include <utility>
 
 #include "Plano.h"
+#include "bench/Comprime.h"
 #include "bench/OrdemDeMedida.h"
 #include "bench/pares/Prova.h"
 
@@ -38,7 +40,9 @@ struct Protobuf {
   static void Faz(const Ordemps& ordem, Objeto& objeto) { ParaProto(ordem, objeto); }
   static void Desfaz(const Objeto& objeto, Ordemps& ordem) { DeProto(objeto, ordem); }
   static std::string Codifica(const Objeto& objeto) { return objeto.SerializeAsString(); }
-  static std::size_t Tamanho(const std::string& bytes) { return bytes.size(); }
+  static std::span<const std::byte> Bytes(const std::string& bytes) {
+    return std::as_bytes(std::span(bytes));
+  }
   static bool Decodifica(const std::string& bytes, Objeto& objeto) {
     return objeto.ParseFromArray(bytes.data(), static_cast<int>(bytes.size()));
   }
@@ -58,7 +62,9 @@ struct Flatbuffers {
     construtor.Finish(fb::Ordemps::Pack(construtor, &objeto));
     return construtor.Release();
   }
-  static std::size_t Tamanho(const Mensagem& mensagem) { return mensagem.size(); }
+  static std::span<const std::byte> Bytes(const Mensagem& mensagem) {
+    return std::as_bytes(std::span(mensagem.data(), mensagem.size()));
+  }
   static bool Verifica(const Mensagem& mensagem) {
     constexpr flatbuffers::uoffset_t kNiveis = 64;
     constexpr flatbuffers::uoffset_t kTabelas = 1 << 24;
@@ -85,7 +91,9 @@ struct Capnp {
     ParaCapnp(objeto, construtor.initRoot<capn::Ordemps>());
     return capnp::messageToFlatArray(construtor);
   }
-  static std::size_t Tamanho(const Mensagem& mensagem) { return mensagem.asBytes().size(); }
+  static std::span<const std::byte> Bytes(const Mensagem& mensagem) {
+    return std::as_bytes(std::span(mensagem.begin(), mensagem.size()));
+  }
   template <class Usa>
   static auto Abre(const Mensagem& mensagem, Usa usa) {
     capnp::ReaderOptions opcoes;
@@ -111,7 +119,9 @@ struct Cereal {
     arquivo(objeto);
     return std::move(saida).str();
   }
-  static std::size_t Tamanho(const std::string& bytes) { return bytes.size(); }
+  static std::span<const std::byte> Bytes(const std::string& bytes) {
+    return std::as_bytes(std::span(bytes));
+  }
   static bool Decodifica(const std::string& bytes, Objeto& objeto) {
     std::istringstream entrada(bytes);
     cereal::BinaryInputArchive arquivo(entrada);
@@ -143,7 +153,8 @@ void Codifica(benchmark::State& estado) {
     const auto mensagem = F::Codifica(objeto);
     benchmark::DoNotOptimize(&mensagem);
   }
-  estado.counters["bytes"] = static_cast<double>(F::Tamanho(F::Codifica(objeto)));
+  const auto mensagem = F::Codifica(objeto);
+  ContaBytes(estado, F::Bytes(mensagem));
 }
 
 template <class F>

@@ -3,6 +3,7 @@
 // purpose. The kinds of row are listed in core/tabela/Linhas.h.
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 #include "core/Metadados.h"
 #include "kxldados/Tipos.h"
@@ -70,13 +71,35 @@
 #define KX_LISTA(Posicao, Elemento, X, Significado)                                  \
   KX_LINHA("Lista" #X, Posicao, 8, KXTipoCampo::Ponteiro, Lista, false, Significado, \
            &KXMetadados<Elemento>::kInfo)
-#define KX_FIM(Reg)                                                              \
-  }                                                                              \
-  ;                                                                              \
-  static constexpr KXRegistroInfo kInfo{kNome, kSignificado, kTamanho, kCampos}; \
+#define KX_FIM(Reg) \
+  }                 \
+  ;                 \
   static constexpr int kLinhaErrada = kx::LinhaErrada(kCampos, kTamanho);
 #include KX_TABELA
 #undef KX_LINHA
+
+// Ended by one row more, since there may be none.
+#define KX_INICIO(Reg, Larg, Significado) static constexpr KXPendente kPendentes[] = {
+#define KX_CONTADO(Posicao, Nome, Significado)                                                \
+  {KXPapel::Contado, offsetof(Registro, Nome.Texto), offsetof(Registro, Nome.Tamanho), #Nome, \
+   nullptr},
+#define KX_CORRIDO(Posicao, Nome, Significado)                                                  \
+  {KXPapel::Corrido, offsetof(Registro, Texto##Nome), offsetof(Registro, Tamanho##Nome), #Nome, \
+   nullptr},
+#define KX_TERMINADO(Posicao, Nome, Significado) \
+  {KXPapel::Terminado, offsetof(Registro, Texto##Nome), 0, #Nome, nullptr},
+#define KX_ZERO(Posicao, Larg) \
+  {KXPapel::Zero, offsetof(Registro, Reserva_##Posicao), Larg, "Reserva_" #Posicao, nullptr},
+#define KX_LISTA(Posicao, Elemento, X, Significado)                                      \
+  {KXPapel::Lista, offsetof(Registro, Lista##X), offsetof(Registro, Qtd##X), "Lista" #X, \
+   &KXMetadados<Elemento>::kInfo},
+#define KX_FIM(Reg)                      \
+  {}                                     \
+  }                                      \
+  ;                                      \
+  static constexpr KXRegistroInfo kInfo{ \
+      kNome, kSignificado, kTamanho, kCampos, {kPendentes, std::size(kPendentes) - 1}};
+#include KX_TABELA
 
 // The proof, outside of any template, so that the compiler says it at the row that is wrong.
 #define KX_PROVA(Posicao, Caminho)                                                        \

@@ -8,6 +8,7 @@
 
 #include "ac/ArvoreAC.h"
 #include "ac/DadosAC.h"
+#include "core/Imagem.h"
 #include "kxldados/TKXConsisteRetorno.h"
 #include "oc/DadosOC.h"
 #include "platform/Plataforma.h"
@@ -37,6 +38,16 @@ TEST_P(Falhas, RegistroQueSeLibera) {
   const Registro original(Info(), kSemente);
   const Objeto objeto(Atual(), original.Bytes());
   FalhaEmCadaAlocacao([&] { EXPECT_TRUE(Atual().PorDono(*objeto)); }, [] {});
+}
+
+TEST_P(Falhas, ImagemNadaReserva) {
+  const Registro registro(Info(), kSemente);
+  const kx::LeiauteDeImagem leiaute(Info());
+  std::vector<std::byte> imagem(kx::TamanhoDaImagem(leiaute, registro.Bytes()));
+  const long long antes = apoio::AlocacoesFeitas();
+  kx::EscreveImagem(leiaute, registro.Bytes(), imagem);
+  kx::AbreImagem(leiaute, imagem);
+  EXPECT_EQ(apoio::AlocacoesFeitas(), antes);
 }
 
 TEST_P(Falhas, CadaLiberacaoLevaTudo) {
