@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ac/Hierarquia.h"
+#include "core/Membro.h"
 #include "core/Motor.h"
 #include "kxldados/Latin1.h"
 #include "platform/Plataforma.h"
@@ -300,6 +301,41 @@ void CKXDadosCM_ACTreeAutorizacaoCompra::Descreve(kx::Descricao& descricao) cons
     descricao.Linha(std::string(2 * std::min(nivel, kUltimoRecuo), ' ') +
                     Linha(*i._node, i._pai->_rACSmall.ChaveEste));
   }
+}
+
+// A node as an element of the list of all, with its level.
+struct CKXDadosCM_ACTreeAutorizacaoCompra::NoDaLista {
+  using Esta = NoDaLista;
+  using Registro = tagREG_CM_AUTORIZACAO_SMALL_CMSAUTPS;
+
+  template <class V>
+  static void Partes(V&& v) {
+    v.Local(KX_DO_OBJETO(Nivel));
+    v.Local(KX_DO_OBJETO(hTI));
+    v.Local(KX_DO_OBJETO(ListaAC));
+  }
+  void ListaDiferencas(const NoDaLista& depois, kx::Comparacao& saida) const {
+    kx::Diferenciador::Objeto(*this, depois, saida);
+  }
+
+  Registro _Reg;
+  std::uint64_t _Nivel;
+  std::uint64_t _hTI;
+  CKXVector<CKXDadosCM_ACAutorizacaoCompra> _ListaAC;
+};
+
+auto CKXDadosCM_ACTreeAutorizacaoCompra::EmLista() const -> CKXVector<NoDaLista> {
+  CKXVector<NoDaLista> lista;
+  for (Iterador<const Node> i(*this); i._node != nullptr; ++i) {
+    lista.push_back({i._node->_rACSmall, i._nivel, reinterpret_cast<std::uintptr_t>(i._node->_hTI),
+                     i._node->_ListaAC});
+  }
+  return lista;
+}
+
+void CKXDadosCM_ACTreeAutorizacaoCompra::ListaDiferencas(const Node& depois,
+                                                         kx::Comparacao& saida) const {
+  kx::Diferenciador::Valor("Node", true, EmLista(), depois.EmLista(), saida);
 }
 
 HTREEITEM CKXDadosCM_ACTreeAutorizacaoCompra::AchaItemArvore(unsigned long chave) const {

@@ -24,6 +24,7 @@
 
 #include "ac/RegrasAC.h"
 #include "core/Descreve.h"
+#include "core/Diferenca.h"
 #include "core/Membro.h"
 #include "kxldados/CArray.h"
 #include "kxldados/CList.h"
@@ -223,6 +224,11 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   // same.
   void Descreve(kx::Descricao& descricao) const;
 
+  // What kx::Diferencas answers of two hierarchies (core/Diferenca.h). Nodes are elements of one
+  // list in pre-order, this one the first, and their level is a value of theirs: "Node[3].Nivel".
+  void ListaDiferencas(const CKXDadosCM_ACTreeAutorizacaoCompra& depois,
+                       kx::Comparacao& saida) const;
+
   // The tree-view item of the first node in pre-order, this one included, with that key; null when
   // there is none. A node with the key and no item is passed over together with what is below it.
   HTREEITEM AchaItemArvore(unsigned long chave) const;
@@ -267,6 +273,8 @@ class KX_API CKXDadosCM_ACTreeAutorizacaoCompra : public TKXCMBaseParaDados {
   void CopiaCampos(const Node& origem);
   void CopiaNodes(const Node& origem);
   bool MesmoConteudo(const Node& outro) const;
+  struct NoDaLista;
+  CKXVector<NoDaLista> EmLista() const;
 
   Nodes _ExNodes;
 };

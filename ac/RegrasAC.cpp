@@ -1,24 +1,11 @@
 #include "ac/RegrasAC.h"
 
-#include "core/Igualdade.h"
-
-namespace {
-
-// The record as it is compared: a product without a status, or a status without a product, names
-// none.
-tagREG_CM_AUTORIZACAO_CMSAUTPS SemProdutoIncompleto(tagREG_CM_AUTORIZACAO_CMSAUTPS regra) {
+tagREG_CM_AUTORIZACAO_CMSAUTPS CKXDadosCM_ACAutorizacaoCompra::ComoSeCompara(Registro regra) {
   if (regra.PonteiroProdutoServico == 0 || regra.StatusProdutoServico == 0) {
     regra.PonteiroProdutoServico = 0;
     regra.StatusProdutoServico = 0;
   }
   return regra;
-}
-
-}  // namespace
-
-bool CKXDadosCM_ACAutorizacaoCompra::operator==(const CKXDadosCM_ACAutorizacaoCompra& outro) const {
-  return kx::RegistrosIguais(SemProdutoIncompleto(_Reg), SemProdutoIncompleto(outro._Reg)) &&
-         _ListaUsuarios_AND == outro._ListaUsuarios_AND;
 }
 
 _REG_POSICAO_PRODUTOPS CKXDadosCM_ACAutorizacaoCompra::GetRegPosicaoProdutoServico() const {

@@ -66,4 +66,8 @@ class KX_API CKXDadosCM_ACAutorizacaoCompra : public TKXCMBaseParaDados {
   static void Partes(V&& v) {
     v.Lista(&Esta::_ListaUsuarios_AND, &Registro::ListaUsuarios_AND, &Registro::QtdUsuarios_AND);
   }
+
+ private:
+  // A product without a status, or a status without a product, names none.
+  static Registro ComoSeCompara(Registro regra);
 };

@@ -16,6 +16,7 @@
 //     record owns, nested ones included, and set pointers and counts to zero; the first for memory
 //     of array new, the second for that of the task allocator. Null is allowed.
 //   - Descreve, operator<<: what it holds, for people (core/Descreve.h).
+//   - ListaDiferencas: what kx::Diferencas answers of two of them (core/Diferenca.h).
 //   - operator==, operator!=: the compared fields, texts and children, in depth.
 //   - EstaVazio(): the record all zero, no text, no child.
 //   - static const kx::Alocador kAlocador: where CopiarPara takes its memory from, and so which of
@@ -35,6 +36,7 @@
 #include <typeinfo>
 
 #include "core/Descreve.h"
+#include "core/Diferenca.h"
 #include "core/Listas.h"
 #include "core/RegistroDe.h"
 #include "core/TextoFixo.h"
@@ -44,6 +46,7 @@ namespace kx {
 
 struct Motor;
 struct Descritor;
+struct Diferenciador;
 struct Escrita;
 struct Leitura;
 
@@ -65,6 +68,7 @@ inline constexpr bool kDireta = requires {
   KX_DECLARA_CLASSE(Classe)                                                \
   friend struct kx::Motor;                                                 \
   friend struct kx::Descritor;                                             \
+  friend struct kx::Diferenciador;                                         \
   friend struct kx::Escrita;                                               \
   friend struct kx::Leitura;                                               \
                                                                            \
@@ -80,6 +84,7 @@ inline constexpr bool kDireta = requires {
   bool operator==(const Classe& outro) const;                              \
   bool operator!=(const Classe& outro) const { return !(*this == outro); } \
   void Descreve(kx::Descricao& descricao) const;                           \
+  void ListaDiferencas(const Classe& depois, kx::Comparacao& saida) const; \
                                                                            \
  protected:                                                                \
   void OnLimpar() override;                                                \
@@ -128,32 +133,35 @@ inline constexpr bool kDireta = requires {
   KX_IMPLEMENTA_IGUALDADE(Classe)                          \
   Classe::Classe() = default;
 
-#define KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                \
-  KX_IMPLEMENTA_CLASSE(Classe, BaseDeExecucao)                    \
-  Classe& Classe::operator=(const Classe& outro) {                \
-    Copiar(&outro);                                               \
-    return *this;                                                 \
-  }                                                               \
-  Classe& Classe::operator=(Classe&& outro) noexcept {            \
-    if (this != &outro) MoveDe(outro);                            \
-    return *this;                                                 \
-  }                                                               \
-  void Classe::MoveDe(Classe& outro) noexcept {                   \
-    kx::Motor::Move(*this, outro);                                \
-    Base::MoveDe(outro);                                          \
-  }                                                               \
-  void Classe::OnLimpar() {                                       \
-    kx::Motor::Limpa(*this);                                      \
-    Base::OnLimpar();                                             \
-  }                                                               \
-  void Classe::OnCopiar(const TKXBaseParaDados* origem) {         \
-    if (origem == nullptr || origem == this) return;              \
-    kx::Motor::Copia(*this, static_cast<const Classe&>(*origem)); \
-    Base::OnCopiar(origem);                                       \
-  }                                                               \
-  void Classe::Descreve(kx::Descricao& descricao) const {         \
-    kx::Descritor::Objeto(*this, descricao);                      \
-  }                                                               \
+#define KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                                  \
+  KX_IMPLEMENTA_CLASSE(Classe, BaseDeExecucao)                                      \
+  Classe& Classe::operator=(const Classe& outro) {                                  \
+    Copiar(&outro);                                                                 \
+    return *this;                                                                   \
+  }                                                                                 \
+  Classe& Classe::operator=(Classe&& outro) noexcept {                              \
+    if (this != &outro) MoveDe(outro);                                              \
+    return *this;                                                                   \
+  }                                                                                 \
+  void Classe::MoveDe(Classe& outro) noexcept {                                     \
+    kx::Motor::Move(*this, outro);                                                  \
+    Base::MoveDe(outro);                                                            \
+  }                                                                                 \
+  void Classe::OnLimpar() {                                                         \
+    kx::Motor::Limpa(*this);                                                        \
+    Base::OnLimpar();                                                               \
+  }                                                                                 \
+  void Classe::OnCopiar(const TKXBaseParaDados* origem) {                           \
+    if (origem == nullptr || origem == this) return;                                \
+    kx::Motor::Copia(*this, static_cast<const Classe&>(*origem));                   \
+    Base::OnCopiar(origem);                                                         \
+  }                                                                                 \
+  void Classe::Descreve(kx::Descricao& descricao) const {                           \
+    kx::Descritor::Objeto(*this, descricao);                                        \
+  }                                                                                 \
+  void Classe::ListaDiferencas(const Classe& depois, kx::Comparacao& saida) const { \
+    kx::Diferenciador::Objeto(*this, depois, saida);                                \
+  }                                                                                 \
   bool Classe::OnEstaVazio() const { return Base::OnEstaVazio() && kx::Motor::EstaVazio(*this); }
 
 #define KX_IMPLEMENTA_IGUALDADE(Classe) \

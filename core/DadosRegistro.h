@@ -10,6 +10,7 @@
 
 #include "core/Bloco.h"
 #include "core/Descreve.h"
+#include "core/Diferenca.h"
 #include "kxldados/TKXBaseParaDados.h"
 
 // One record, held by value; it owns no memory beyond it.
@@ -37,6 +38,20 @@ class KX_API_MODELO T_KXDadosRegistro : public TKXBaseParaDados {
   {
     for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
       if (campo.Papel == KXPapel::Campo) descricao.Campo(campo, &_Reg);
+    }
+  }
+  // What kx::Diferencas answers (core/Diferenca.h), where the record has a table: every row counts.
+  void ListaDiferencas(const T_KXDadosRegistro& depois,
+                       kx::Comparacao& saida) const requires requires {
+    KXMetadados<REG>::kCampos;
+  }
+  {
+    for (const KXCampo& campo : KXMetadados<REG>::kCampos) {
+      const char* const a = reinterpret_cast<const char*>(&_Reg) + campo.Posicao;
+      const char* const b = reinterpret_cast<const char*>(&depois._Reg) + campo.Posicao;
+      if (campo.Papel != KXPapel::Parte && std::memcmp(a, b, campo.Largura) != 0) {
+        saida.Valor(campo.Nome, true, campo.Tipo, a, b, campo.Largura);
+      }
     }
   }
   // Clears the object and fills it from the record; null, or memory that cannot be read, clears.

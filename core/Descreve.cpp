@@ -46,7 +46,10 @@ std::string TextoDeBytes(const unsigned char* bytes, std::size_t largura) {
   return texto;
 }
 
-std::string TextoDoTipo(KXTipoCampo tipo, const unsigned char* bytes, std::size_t largura) {
+}  // namespace
+
+std::string TextoDoValor(KXTipoCampo tipo, const void* valor, std::size_t largura) {
+  const auto* bytes = static_cast<const unsigned char*>(valor);
   switch (tipo) {
     case KXTipoCampo::Texto:
     case KXTipoCampo::Historico: {
@@ -88,8 +91,6 @@ std::string TextoDoTipo(KXTipoCampo tipo, const unsigned char* bytes, std::size_
   return TextoDeBytes(bytes, largura);
 }
 
-}  // namespace
-
 void Descricao::Linha(std::string_view nome, std::string_view valor) {
   _texto.append(_margem).append(nome).append(": ").append(valor) += '\n';
 }
@@ -109,7 +110,7 @@ void Descricao::Valor(std::string_view nome, KXTipoCampo tipo, const void* bytes
                       std::size_t largura) {
   const auto* inicio = static_cast<const unsigned char*>(bytes);
   const bool vazio = std::all_of(inicio, inicio + largura, [](auto byte) { return byte == 0; });
-  if (!vazio) Linha(nome, TextoDoTipo(tipo, inicio, largura));
+  if (!vazio) Linha(nome, TextoDoValor(tipo, bytes, largura));
 }
 
 std::string Descricao::Numerado(std::string_view titulo, std::size_t numero, std::size_t quantos) {

@@ -27,6 +27,10 @@ class TKXConsisteRetorno;
 
 namespace kx {
 
+// The bytes of a value as people write it: money as Brazil does, dates as "dd/mm/aaaa", codes and
+// keys as numbers, uninterpreted bytes in hexadecimal, Latin-1 text as UTF-8 on one line.
+KX_API std::string TextoDoValor(KXTipoCampo tipo, const void* bytes, std::size_t largura);
+
 // A description in the making; an object writes itself into it by its Descreve.
 class KX_API Descricao {
  public:

@@ -37,8 +37,9 @@ struct Descritor {
 
   template <class C>
   static void Linhas(const C& objeto, Descricao& descricao, Vistos& vistos) {
+    LinhaVisivel visivel;
     for (const KXCampo& campo : KXMetadados<typename C::Registro>::kCampos) {
-      if (campo.Papel == KXPapel::Campo || campo.Papel == KXPapel::Reserva) {
+      if (visivel(campo)) {
         descricao.Campo(campo, &objeto._Reg);
       } else {
         const NaLinha<C> parte{objeto, campo, descricao, vistos};
@@ -106,7 +107,7 @@ struct Descritor {
     Vistos& Descritos;
     void Lista(auto membro, auto array, auto) const { Em(array, membro); }
     void ListaHerdada(auto membro, auto array, auto) const { Em(array, membro); }
-    void ListaNaoComparada(auto membro, auto array, auto) const { Em(array, membro); }
+    void ListaSeAmbas(auto membro, auto array, auto) const { Em(array, membro); }
     void ListaSoLida(auto membro, auto array, auto) const { Em(array, membro); }
     void Contado(auto membro, auto campo, auto...) const { Em(campo, membro); }
     void Corrido(auto membro, auto texto, auto, auto...) const { Em(texto, membro); }
@@ -131,7 +132,7 @@ struct Descritor {
     Vistos& Descritos;
     void Lista(auto, auto, auto) const noexcept {}
     void ListaHerdada(auto, auto, auto) const noexcept {}
-    void ListaNaoComparada(auto, auto, auto) const noexcept {}
+    void ListaSeAmbas(auto, auto, auto) const noexcept {}
     void ListaSoLida(auto, auto, auto) const noexcept {}
     void Contado(auto, auto, auto...) const noexcept {}
     void Corrido(auto, auto, auto, auto...) const noexcept {}

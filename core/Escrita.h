@@ -81,7 +81,7 @@ struct Escrita {
     void ListaHerdada(auto membro, auto array, auto quantidade) const {
       Lista(membro, array, quantidade);
     }
-    void ListaNaoComparada(auto membro, auto array, auto quantidade) const {
+    void ListaSeAmbas(auto membro, auto array, auto quantidade) const {
       Lista(membro, array, quantidade);
     }
     void ListaSoLida(auto, auto, auto) const noexcept {}

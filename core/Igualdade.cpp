@@ -4,18 +4,17 @@
 #include "core/TextoFixo.h"
 
 namespace kx {
-namespace {
 
-bool CampoIgual(const KXCampo& campo, const char* a, const char* b) {
-  if (campo.Tipo == KXTipoCampo::Texto) return std::strncmp(a, b, campo.Largura) == 0;
+bool CampoIgual(const KXCampo& campo, const void* a, const void* b) {
+  const auto* textoA = static_cast<const char*>(a);
+  const auto* textoB = static_cast<const char*>(b);
+  if (campo.Tipo == KXTipoCampo::Texto) return std::strncmp(textoA, textoB, campo.Largura) == 0;
   if (campo.Tipo == KXTipoCampo::Historico) {
-    return TKXCMBaseParaDados::ComparaComplementoHistorico(LeTextoFixo(a, campo.Largura),
-                                                           LeTextoFixo(b, campo.Largura));
+    return TKXCMBaseParaDados::ComparaComplementoHistorico(LeTextoFixo(textoA, campo.Largura),
+                                                           LeTextoFixo(textoB, campo.Largura));
   }
   return std::memcmp(a, b, campo.Largura) == 0;
 }
-
-}  // namespace
 
 bool CamposIguais(const KXRegistroInfo& info, const void* a, const void* b) {
   const char* bytesA = static_cast<const char*>(a);

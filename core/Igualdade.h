@@ -11,9 +11,13 @@
 
 namespace kx {
 
-// True when every compared field of the two records is equal: texts up to their terminator, history
-// complements by their first three lines, everything else byte for byte. The records must be of the
-// type described. Throws std::bad_alloc.
+// Whether the field is equal in both, as equality looks at it, whether it does or not: texts up to
+// their terminator, history complements by their first three lines, everything else byte for byte.
+// The addresses are those of the field. Throws std::bad_alloc.
+KX_API bool CampoIgual(const KXCampo& campo, const void* a, const void* b);
+
+// True when every compared field of the two records is equal, as CampoIgual says. The records must
+// be of the type described. Throws std::bad_alloc.
 KX_API bool CamposIguais(const KXRegistroInfo& info, const void* a, const void* b);
 
 // The same for records of a type that is known.

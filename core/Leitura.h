@@ -93,7 +93,7 @@ struct Leitura {
     void ListaHerdada(auto membro, auto array, auto quantidade) const {
       Lista(membro, array, quantidade);
     }
-    void ListaNaoComparada(auto membro, auto array, auto quantidade) const {
+    void ListaSeAmbas(auto membro, auto array, auto quantidade) const {
       Lista(membro, array, quantidade);
     }
     void ListaSoLida(auto membro, auto array, auto quantidade) const {

@@ -155,6 +155,20 @@ struct TipoDe<char> {
 template <class T>
 inline constexpr KXTipoCampo kTipoDe = TipoDe<T>::valor;
 
+// Asked for each row in its turn, tells those that people are shown: fields and reserves, and of a
+// field that is kept elsewhere the parts that have accessors.
+class LinhaVisivel {
+ public:
+  constexpr bool operator()(const KXCampo& campo) noexcept {
+    if (campo.Papel != KXPapel::Parte) _dono = campo.Papel;
+    return campo.Papel == KXPapel::Campo || campo.Papel == KXPapel::Reserva ||
+           (campo.Papel == KXPapel::Parte && _dono == KXPapel::Interno);
+  }
+
+ private:
+  KXPapel _dono = KXPapel::Campo;
+};
+
 // The line of the row whose numbers do not fit those around it, 0 when all do: each begins where
 // the one before ended, and the last ends at the record's size. Of two neighbours that disagree it
 // is the one that also disagrees with its other side.

@@ -1,11 +1,12 @@
 // What every class does with what it is made of, beside converting it: clear, copy, move, compare,
 // test for emptiness and for a fit in the record. A class says once what it has beside its record;
-// the functions here, in core/Escrita.h, core/Leitura.h and core/Descritor.h walk it.
+// the functions here, in core/Escrita.h, core/Leitura.h, core/Descritor.h and
+// core/Diferenciador.h walk it.
 //
 //   template <class V> static void Partes(V&& v) {
 //     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);  // child array
 //     v.ListaHerdada(...);            // the same; cleared, copied and moved by the base class
-//     v.ListaNaoComparada(...);       // the same as Lista, not compared
+//     v.ListaSeAmbas(...);            // the same as Lista, compared where neither is empty
 //     v.ListaSoLida(...);             // read from the record, never written, not compared
 //     v.Contado(&Esta::_Mascara, &Registro::Mascara, maximum);  // text, as the row of that name
 //     v.Corrido(&Esta::_Nome, &Registro::TextoNome, &Registro::TamanhoNome);  // a maximum that the
@@ -18,6 +19,9 @@
 //     v.Auxiliar(KX_DO_OBJETO(Expandir));   // the same; an object with nothing else is empty
 //   }
 //
+// A class whose fields mean something together names a Registro ComoSeCompara(const Registro&): the
+// record as equality sees it.
+//
 // Internal to the library's sources: classes name kx::Motor as their friend.
 #pragma once
 
@@ -29,6 +33,7 @@
 
 #include "core/ClasseDeRegistro.h"
 #include "core/Descritor.h"
+#include "core/Diferenciador.h"
 #include "core/Escrita.h"
 #include "core/Igualdade.h"
 #include "core/Leitura.h"
@@ -74,7 +79,11 @@ struct Motor {
   template <class C>
   static bool Iguais(const C& a, const C& b) {
     if constexpr (kTemRegistro<C>) {
-      if (!RegistrosIguais(a._Reg, b._Reg)) return false;
+      if constexpr (requires { C::ComoSeCompara(a._Reg); }) {
+        if (!RegistrosIguais(C::ComoSeCompara(a._Reg), C::ComoSeCompara(b._Reg))) return false;
+      } else if (!RegistrosIguais(a._Reg, b._Reg)) {
+        return false;
+      }
     }
     Comparador<C> comparador{a, b};
     VisitaPartes<C>(comparador);
@@ -139,7 +148,7 @@ struct Motor {
   struct Limpador {
     C& Objeto;
     void Lista(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
-    void ListaNaoComparada(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
+    void ListaSeAmbas(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { (Objeto.*membro).clear(); }
     void Corrido(auto membro, auto, auto, auto...) const noexcept { (Objeto.*membro).Empty(); }
     void Terminado(auto membro, auto) const noexcept { (Objeto.*membro).Empty(); }
@@ -158,7 +167,7 @@ struct Motor {
     const C& Origem;
     void Lista(auto membro, auto, auto) const { Copia(membro); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
-    void ListaNaoComparada(auto membro, auto, auto) const { Copia(membro); }
+    void ListaSeAmbas(auto membro, auto, auto) const { Copia(membro); }
     void ListaSoLida(auto membro, auto, auto) const { Copia(membro); }
     void Corrido(auto membro, auto, auto, auto...) const { Copia(membro); }
     void Terminado(auto membro, auto) const { Copia(membro); }
@@ -176,7 +185,7 @@ struct Motor {
     C& Origem;
     void Lista(auto membro, auto, auto) const noexcept { Troca(membro); }
     void ListaHerdada(auto, auto, auto) const noexcept {}
-    void ListaNaoComparada(auto membro, auto, auto) const noexcept { Troca(membro); }
+    void ListaSeAmbas(auto membro, auto, auto) const noexcept { Troca(membro); }
     void ListaSoLida(auto membro, auto, auto) const noexcept { Troca(membro); }
     void Corrido(auto membro, auto, auto, auto...) const noexcept { Troca(membro); }
     void Terminado(auto membro, auto) const noexcept { Troca(membro); }
@@ -195,7 +204,9 @@ struct Motor {
     bool Resultado = true;
     void Lista(auto membro, auto, auto) { Compara(membro); }
     void ListaHerdada(auto membro, auto, auto) { Compara(membro); }
-    void ListaNaoComparada(auto, auto, auto) const noexcept {}
+    void ListaSeAmbas(auto membro, auto, auto) {
+      if (!(A.*membro).empty() && !(B.*membro).empty()) Compara(membro);
+    }
     void ListaSoLida(auto, auto, auto) const noexcept {}
     void Corrido(auto membro, auto, auto, auto...) { Compara(membro); }
     void Terminado(auto membro, auto) { Compara(membro); }
@@ -213,7 +224,7 @@ struct Motor {
     bool Resultado = true;
     void Lista(auto membro, auto, auto) { Testa(membro); }
     void ListaHerdada(auto membro, auto, auto) { Testa(membro); }
-    void ListaNaoComparada(auto membro, auto, auto) { Testa(membro); }
+    void ListaSeAmbas(auto membro, auto, auto) { Testa(membro); }
     void ListaSoLida(auto membro, auto, auto) { Testa(membro); }
     void Corrido(auto membro, auto, auto, auto...) { Testa(membro); }
     void Terminado(auto membro, auto) { Testa(membro); }
@@ -235,7 +246,7 @@ struct Motor {
     bool Resultado = true;
     void Lista(auto membro, auto, auto) { Elementos(Objeto.*membro); }
     void ListaHerdada(auto membro, auto, auto) { Elementos(Objeto.*membro); }
-    void ListaNaoComparada(auto membro, auto, auto) { Elementos(Objeto.*membro); }
+    void ListaSeAmbas(auto membro, auto, auto) { Elementos(Objeto.*membro); }
     void ListaSoLida(auto, auto, auto) const noexcept {}
     void Corrido(auto membro, auto, auto, std::size_t maximo = kMaximo - 1) {
       Texto(Objeto.*membro, maximo);

@@ -52,7 +52,7 @@ void ExigeContas(CY a, CY b) {
   const i128 va = a.int64;
   const i128 vb = b.int64;
   KX_EXIGE(x + y == Dentro(va + vb) && kx::Soma(x, y) == Dita(va + vb));
-  KX_EXIGE(x - y == Dentro(va - vb) && kx::Diferenca(x, y) == Dita(va - vb));
+  KX_EXIGE(x - y == Dentro(va - vb) && kx::Subtracao(x, y) == Dita(va - vb));
   KX_EXIGE(-x == Dentro(-va));
   const auto produto = Dita(Divide(va * vb, kEscala));
   KX_EXIGE(x * y == produto.value_or(CY{}) && kx::Produto(x, y) == produto);

@@ -115,7 +115,7 @@ std::optional<CKXCurrencyEx> Soma(const CKXCurrencyEx& a, const CKXCurrencyEx& b
   return CY{x + y};
 }
 
-std::optional<CKXCurrencyEx> Diferenca(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
+std::optional<CKXCurrencyEx> Subtracao(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept {
   const std::int64_t x = Numero(a);
   const std::int64_t y = Numero(b);
   const bool coube = y < 0 ? x <= std::numeric_limits<std::int64_t>::max() + y
@@ -153,7 +153,7 @@ CKXCurrencyEx& CKXCurrencyEx::operator+=(const CKXCurrencyEx& outro) noexcept {
 }
 
 CKXCurrencyEx& CKXCurrencyEx::operator-=(const CKXCurrencyEx& outro) noexcept {
-  return *this = kx::Diferenca(*this, outro).value_or(CKXCurrencyEx());
+  return *this = kx::Subtracao(*this, outro).value_or(CKXCurrencyEx());
 }
 
 CKXCurrencyEx& CKXCurrencyEx::operator*=(const CKXCurrencyEx& outro) noexcept {

@@ -124,7 +124,7 @@ namespace kx {
 // Sum, difference, product and quotient, rounded as the operators do; nothing where these give zero
 // for want of a result: a zero divisor, or a result outside the range.
 KX_API std::optional<CKXCurrencyEx> Soma(const CKXCurrencyEx& a, const CKXCurrencyEx& b) noexcept;
-KX_API std::optional<CKXCurrencyEx> Diferenca(const CKXCurrencyEx& a,
+KX_API std::optional<CKXCurrencyEx> Subtracao(const CKXCurrencyEx& a,
                                               const CKXCurrencyEx& b) noexcept;
 KX_API std::optional<CKXCurrencyEx> Produto(const CKXCurrencyEx& a,
                                             const CKXCurrencyEx& b) noexcept;

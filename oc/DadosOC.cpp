@@ -43,11 +43,7 @@ KX_IMPLEMENTA(CKXDadosCM_ProgramacaoOrdemCompra, TKXCMBaseParaDados, Delete)
 KX_IMPLEMENTA(CKXDadosCM_ItemTotaisOrdemCompra, TKXCMBaseParaDados, Delete)
 KX_IMPLEMENTA(CKXDadosCM_CancelamentoOrdemCompra, TKXCMBaseParaDados, Delete)
 KX_IMPLEMENTA(CKXDadosCM_OrdemCompra, TKXCMBaseParaDados, Delete)
-
-// All but the equality, which forgives totals that one of the two does not have.
-KX_IMPLEMENTA_REGISTRO(CKXDadosCM_ItemOrdemCompra, TKXCMBaseParaDados)
-KX_IMPLEMENTA_LIBERACAO(CKXDadosCM_ItemOrdemCompra)
-KX_IMPLEMENTA_ESCRITA(CKXDadosCM_ItemOrdemCompra, Delete)
+KX_IMPLEMENTA(CKXDadosCM_ItemOrdemCompra, TKXCMBaseParaDados, Delete)
 KX_IMPLEMENTA_CHECKSUM(CKXDadosCM_ItemOrdemCompra)
 
 REG_KXDMA CKXDadosCM_OrdemCompra::GetDataEmissaoOuCompetencia() const {

@@ -2,11 +2,6 @@
 
 #include "core/Motor.h"
 
-bool CKXDadosCM_ItemOrdemCompra::operator==(const CKXDadosCM_ItemOrdemCompra& outro) const {
-  const bool totaisDeUmSo = _ListaTotais.empty() != outro._ListaTotais.empty();
-  return (totaisDeUmSo || _ListaTotais == outro._ListaTotais) && kx::Motor::Iguais(*this, outro);
-}
-
 int CKXDadosCM_ItemOrdemCompra::GetUsaImobilizado() const {
   return GetUsaImobilizado(_Reg.ItemEhServico, _Reg.PonteiroCFOP);
 }

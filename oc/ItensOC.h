@@ -117,6 +117,6 @@ class KX_API CKXDadosCM_ItemOrdemCompra : public TKXCMBaseParaDados {
     v.Auxiliar(KX_DO_OBJETO(ExpandirGrid));
     v.Lista(&Esta::_ListaRateio, &Registro::ListaRateio, &Registro::QtdRateio);
     v.Lista(&Esta::_ListaProgramacao, &Registro::ListaProgramacao, &Registro::QtdProgramacao);
-    v.ListaNaoComparada(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);
+    v.ListaSeAmbas(&Esta::_ListaTotais, &Registro::ListaTotais, &Registro::QtdTotais);
   }
 };

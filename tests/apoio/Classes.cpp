@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "gerado/Cabecalhos.inc"
+#include "tests/apoio/Bytes.h"
 
 namespace apoio {
 
@@ -79,6 +80,15 @@ bool PorDono(C& objeto) {
   return certo && Volta(terceiro, objeto);
 }
 
+// Two objects are equal exactly when no row of their differences says that equality sees it.
+template <class C>
+void ExigeDiferencas(const C& a, const C& b, bool iguais) {
+  const auto diferencas = kx::Diferencas(a, b);
+  const auto vista = std::find_if(diferencas.begin(), diferencas.end(),
+                                  [](const kx::Diferenca& linha) { return linha.Comparado; });
+  KX_EXIGE(iguais == (vista == diferencas.end()), iguais ? vista->Caminho : "nenhuma");
+}
+
 template <class C>
 void JuntaClasse(std::vector<Classe>& classes) {
   if constexpr (kComparavel<C> && std::is_default_constructible_v<C>) {
@@ -94,12 +104,14 @@ void JuntaClasse(std::vector<Classe>& classes) {
         [](Base& a, Base& b) { static_cast<C&>(a) = static_cast<C&&>(b); },
         [](const Base& a, const Base& b) {
           const bool iguais = De<C>(a) == De<C>(b);
+          ExigeDiferencas(De<C>(a), De<C>(b), iguais);
           return iguais && !(De<C>(a) != De<C>(b));
         },
         [](const Base& o) {
           if constexpr (kx::Descritivel<C>) return kx::Descreve(De<C>(o));
           return std::string("(none)");
         },
+        [](const Base& a, const Base& b) { return kx::Diferencas(De<C>(a), De<C>(b)); },
         {}};
     if constexpr (requires { typename C::Registro; }) {
       using REG = typename C::Registro;

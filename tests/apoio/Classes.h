@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Bloco.h"
+#include "core/Diferenca.h"
 #include "core/Metadados.h"
 #include "kxldados/TKXBaseParaDados.h"
 
@@ -34,6 +35,7 @@ struct Classe {
   void (*AtribuiMovendo)(Base&, Base&);
   bool (*Iguais)(const Base&, const Base&);
   std::string (*Descreve)(const Base&);
+  std::vector<kx::Diferenca> (*Diferencas)(const Base&, const Base&);
   std::vector<Parte> Partes;
 
   // Null for a class without a record.
