@@ -150,6 +150,24 @@ void OrdemIgualdade(benchmark::State& estado) {
   for (auto _ : estado) benchmark::DoNotOptimize(a == b);
 }
 
+void OrdemDiferencasDeIguais(benchmark::State& estado) {
+  const CKXDadosCM_OrdemCompra a = Ordem(estado.range(0));
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to be compared
+  const CKXDadosCM_OrdemCompra b = a;
+  for (auto _ : estado) benchmark::DoNotOptimize(kx::Diferencas(a, b));
+}
+
+// Every item has changed, and the first was taken out.
+void OrdemDiferencas(benchmark::State& estado) {
+  CKXDadosCM_OrdemCompra a = Ordem(estado.range(0));
+  std::int32_t produto = 0;
+  for (auto& item : a.GetListaItem()) item.SetPonteiroProdutoServico(++produto);
+  CKXDadosCM_OrdemCompra b = a;
+  b.DeletarItem(0);
+  for (auto& item : b.GetListaItem()) item.SetValorIPI(CY{++produto});
+  for (auto _ : estado) benchmark::DoNotOptimize(kx::Diferencas(a, b));
+}
+
 bool BlocosIguais(const PisoOrdem& a, const PisoOrdem& b) {
   bool iguais = std::memcmp(&a.Reg, &b.Reg, sizeof(a.Reg)) == 0;
   for (std::size_t i = 0; iguais && i < a.Item.size(); ++i) {
@@ -192,3 +210,5 @@ BENCHMARK(OrdemCopiarParaELiberaPiso)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemCopiarParaELibera)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemIgualdadePiso)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemIgualdade)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemDiferencasDeIguais)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemDiferencas)->RangeMultiplier(10)->Range(1, 1000);

@@ -5,12 +5,12 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include "core/Checksum.h"
 #include "core/Diferenca.h"
@@ -24,9 +24,10 @@ namespace kx {
 struct Diferenciador {
   template <class C>
   static void Objeto(const C& a, const C& b, Comparacao& saida) {
+    if (Identicos(a, b)) return;
     if constexpr (requires { a._Reg; }) Registro<C>(a._Reg, b._Reg, saida);
-    Vistos vistos;
-    Partes<C>(a, b, saida, vistos, true);
+    Herdadas herdadas;
+    Partes<C>(a, b, saida, herdadas, true);
     if constexpr (requires { a.Get_CRC(); }) {
       Valor("CRC", false, static_cast<std::uint32_t>(a.Get_CRC()),
             static_cast<std::uint32_t>(b.Get_CRC()), saida);
@@ -73,8 +74,11 @@ struct Diferenciador {
   }
 
  private:
-  // The members that have been compared.
-  using Vistos = std::vector<const void*>;
+  // The members of bases that a derived class has compared; few, and no class may be slow for them.
+  struct Herdadas {
+    std::array<const void*, 4> Membros{};
+    std::size_t Quantas = 0;
+  };
 
   template <class C>
   static void Registro(const typename C::Registro& a, const typename C::Registro& b,
@@ -96,11 +100,12 @@ struct Diferenciador {
 
   // Of the class, and then of its bases, at which its equality does not look.
   template <class C>
-  static void Partes(const C& a, const C& b, Comparacao& saida, Vistos& vistos, bool comparado) {
-    const Diferencas<C> partes{a, b, saida, vistos, comparado};
+  static void Partes(const C& a, const C& b, Comparacao& saida, Herdadas& herdadas,
+                     bool comparado) {
+    const Diferencas<C> partes{a, b, saida, herdadas, comparado};
     if constexpr (requires { C::Partes(partes); }) C::Partes(partes);
     if constexpr (requires { typename C::Base::Esta; }) {
-      Partes<typename C::Base>(a, b, saida, vistos, false);
+      Partes<typename C::Base>(a, b, saida, herdadas, false);
     }
   }
 
@@ -110,10 +115,13 @@ struct Diferenciador {
     const C& A;
     const C& B;
     Comparacao& Saida;
-    Vistos& Comparados;
+    Herdadas& DasBases;
     bool DaClasse;
     void Lista(auto membro, auto array, auto) const { DaLinha(array, membro, true); }
-    void ListaHerdada(auto membro, auto array, auto) const { DaLinha(array, membro, true); }
+    void ListaHerdada(auto membro, auto array, auto) const {
+      DaLinha(array, membro, true);
+      DasBases.Membros.at(DasBases.Quantas++) = &(A.*membro);
+    }
     void ListaSeAmbas(auto membro, auto array, auto) const {
       DaLinha(array, membro, !(A.*membro).empty() && !(B.*membro).empty());
     }
@@ -140,8 +148,8 @@ struct Diferenciador {
     }
     void Compara(std::string_view nome, auto membro, bool comparado) const {
       const auto& valor = A.*membro;
-      if (std::find(Comparados.begin(), Comparados.end(), &valor) != Comparados.end()) return;
-      Comparados.push_back(&valor);
+      const auto fim = DasBases.Membros.begin() + DasBases.Quantas;
+      if (!DaClasse && std::find(DasBases.Membros.begin(), fim, &valor) != fim) return;
       Valor(nome, comparado && DaClasse, valor, B.*membro, Saida);
     }
   };
@@ -230,24 +238,71 @@ struct Diferenciador {
     }
   };
 
+  // Calls the function for every part, whatever it is.
+  template <class Funcao>
+  struct ACadaParte {
+    Funcao Usa;
+    void Lista(auto membro, auto, auto) const { Usa(membro); }
+    void ListaHerdada(auto membro, auto, auto) const { Usa(membro); }
+    void ListaSeAmbas(auto membro, auto, auto) const { Usa(membro); }
+    void ListaSoLida(auto membro, auto, auto) const { Usa(membro); }
+    void Contado(auto membro, auto, auto...) const { Usa(membro); }
+    void Corrido(auto membro, auto, auto, auto...) const { Usa(membro); }
+    void Terminado(auto membro, auto) const { Usa(membro); }
+    void Condicao(auto membro) const { Usa(membro); }
+    void Local(auto, auto membro, auto...) const { Usa(membro); }
+    void NaoComparado(auto, auto membro) const { Usa(membro); }
+    void Auxiliar(auto, auto membro) const { Usa(membro); }
+  };
+  template <class C>
+  static void VisitaPartes(auto usa) {
+    const ACadaParte<decltype(usa)> partes{usa};
+    if constexpr (requires { C::Partes(partes); }) C::Partes(partes);
+    if constexpr (requires { typename C::Base::Esta; }) VisitaPartes<typename C::Base>(usa);
+  }
+
+  // Whether there is nothing to be told of the two.
+  template <class T>
+  static bool Identicos(const T& a, const T& b) {
+    if constexpr (requires { a._Reg; }) {
+      if (std::memcmp(&a._Reg, &b._Reg, sizeof(a._Reg)) != 0) return false;
+    }
+    if constexpr (requires { typename T::Esta; }) {
+      bool identicos = true;
+      if constexpr (requires { a.Get_CRC(); }) {
+        identicos = a.Get_CRC() == b.Get_CRC() &&
+                    a.GetLinhaArquivoImportacao() == b.GetLinhaArquivoImportacao();
+      }
+      VisitaPartes<T>(
+          [&](auto membro) { identicos = identicos && Identicos(a.*membro, b.*membro); });
+      return identicos;
+    } else if constexpr (requires { KXMetadados<T>::kInfo; }) {
+      return std::memcmp(&a, &b, sizeof(a)) == 0;
+    } else {
+      return a == b;
+    }
+  }
+  template <class T>
+  static bool Identicos(const CKXVector<T>& a, const CKXVector<T>& b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(),
+                      [](const T& x, const T& y) { return Identicos(x, y); });
+  }
+
   // The checksum of what an element holds, continued.
   template <class T>
   static std::uint32_t Resumo(const T& valor, std::uint32_t anterior) {
-    if constexpr (requires { T::Partes(Resumidor<T>{valor, anterior}); }) {
-      if constexpr (requires { valor._Reg; }) {
-        anterior = CalculaChecksum(&valor._Reg, sizeof(valor._Reg), anterior);
-      }
-      T::Partes(Resumidor<T>{valor, anterior});
-      return anterior;
-    } else if constexpr (requires { valor._Reg; }) {
-      return CalculaChecksum(&valor._Reg, sizeof(valor._Reg), anterior);
-    } else if constexpr (std::is_same_v<T, CString>) {
-      return CalculaChecksum(valor.GetString(), valor.Vista().size() + 1, anterior);
-    } else if constexpr (std::has_unique_object_representations_v<T>) {
-      return CalculaChecksum(&valor, sizeof(valor), anterior);
-    } else {
-      return anterior;
+    if constexpr (requires { valor._Reg; }) {
+      anterior = CalculaChecksum(&valor._Reg, sizeof(valor._Reg), anterior);
     }
+    if constexpr (requires { typename T::Esta; }) {
+      VisitaPartes<T>([&](auto membro) { anterior = Resumo(valor.*membro, anterior); });
+    } else if constexpr (std::is_same_v<T, CString>) {
+      anterior = CalculaChecksum(valor.GetString(), valor.Vista().size() + 1, anterior);
+    } else if constexpr (std::has_unique_object_representations_v<T>) {
+      anterior = CalculaChecksum(&valor, sizeof(valor), anterior);
+    }
+    return anterior;
   }
   template <class T>
   static std::uint32_t Resumo(const CKXVector<T>& lista, std::uint32_t anterior) {
@@ -256,23 +311,6 @@ struct Diferenciador {
     for (const T& elemento : lista) anterior = Resumo(elemento, anterior);
     return anterior;
   }
-  template <class C>
-  struct Resumidor {
-    const C& Objeto;
-    std::uint32_t& Valor;
-    void Lista(auto membro, auto, auto) const { Junta(membro); }
-    void ListaHerdada(auto membro, auto, auto) const { Junta(membro); }
-    void ListaSeAmbas(auto membro, auto, auto) const { Junta(membro); }
-    void ListaSoLida(auto, auto, auto) const noexcept {}
-    void Contado(auto membro, auto, auto...) const { Junta(membro); }
-    void Corrido(auto membro, auto, auto, auto...) const { Junta(membro); }
-    void Terminado(auto membro, auto) const { Junta(membro); }
-    void Condicao(auto membro) const { Junta(membro); }
-    void Local(auto, auto membro, auto...) const { Junta(membro); }
-    void NaoComparado(auto, auto) const noexcept {}
-    void Auxiliar(auto, auto) const noexcept {}
-    void Junta(auto membro) const { Valor = Resumo(Objeto.*membro, Valor); }
-  };
 };
 
 }  // namespace kx

@@ -50,6 +50,14 @@ TEST_P(Falhas, ImagemNadaReserva) {
   EXPECT_EQ(apoio::AlocacoesFeitas(), antes);
 }
 
+TEST_P(Falhas, Diferencas) {
+  const Registro original(Info(), kSemente);
+  const Registro outro(Info(), kSemente + 1);
+  const Objeto antes(Atual(), original.Bytes());
+  const Objeto depois(Atual(), outro.Bytes());
+  FalhaEmCadaAlocacao([&] { Atual().Diferencas(*antes, *depois); }, [] {}, 7);
+}
+
 TEST_P(Falhas, CadaLiberacaoLevaTudo) {
   // An installment releases its own array alone; its taxes have releases of their own.
   if (Atual().DeExecucao == CKXDadosCM_Parcela::GetThisClass()) return;
