@@ -41,6 +41,7 @@
 #include "core/RegistroDe.h"
 #include "core/TextoFixo.h"
 #include "kxldados/CObject.h"
+#include "kxldados/Dinheiro.h"
 
 namespace kx {
 

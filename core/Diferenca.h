@@ -63,6 +63,7 @@ KX_API std::ostream& operator<<(std::ostream& saida, const Diferenca& diferenca)
 // A comparison in the making; an object writes what is different into it by its ListaDiferencas.
 class KX_API Comparacao {
  public:
+  // The index of what is no element.
   static constexpr std::size_t kSemIndice = static_cast<std::size_t>(-1);
 
   // What is written next lies in this member, or in this element of it, until Sai; `comparado`

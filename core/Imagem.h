@@ -65,11 +65,13 @@ enum class ErroImagem : std::uint8_t {
 // Thrown by whatever reads an image. what() says it in Portuguese, with the position.
 class KX_API ImagemInvalida : public std::runtime_error {
  public:
+  // That error at that byte; the detail, a name, goes into the message.
   ImagemInvalida(ErroImagem erro, std::size_t posicao, std::string_view detalhe = {});
   ImagemInvalida(const ImagemInvalida&) = default;
   ImagemInvalida& operator=(const ImagemInvalida&) = default;
   ~ImagemInvalida() override;
 
+  // What is wrong.
   ErroImagem GetErro() const noexcept { return _erro; }
   // The byte at which it shows, from 0.
   std::size_t GetPosicao() const noexcept { return _posicao; }
@@ -83,6 +85,7 @@ class KX_API ImagemInvalida : public std::runtime_error {
 // CopiarDe leaves such a thing out, an image with less than it was asked for would not be seen.
 class KX_API RegistroIlegivel : public std::runtime_error {
  public:
+  // Of the row of that name.
   explicit RegistroIlegivel(const char* nome);
   RegistroIlegivel(const RegistroIlegivel&) = default;
   RegistroIlegivel& operator=(const RegistroIlegivel&) = default;
@@ -94,7 +97,7 @@ struct ImagemInfo {
   std::string_view Registro;  // name of the record, within the bytes
   std::uint64_t Leiaute;      // fingerprint of its layouts
   std::size_t Tamanho;        // bytes of the whole image
-  bool ComChecksum;
+  bool ComChecksum;           // whether it carries one
 };
 
 // Bytes of a header.
@@ -111,6 +114,7 @@ class KX_API LeiauteDeImagem {
   // from it: names, offsets, widths, types and roles. `info` must outlive the layout.
   explicit LeiauteDeImagem(const KXRegistroInfo& info) noexcept;
 
+  // The record's metadata, and the fingerprint.
   const KXRegistroInfo& GetInfo() const noexcept { return *_info; }
   std::uint64_t GetImpressao() const noexcept { return _impressao; }
 

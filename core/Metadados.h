@@ -159,6 +159,7 @@ inline constexpr KXTipoCampo kTipoDe = TipoDe<T>::valor;
 // field that is kept elsewhere the parts that have accessors.
 class LinhaVisivel {
  public:
+  // Whether this row, the next one, is shown.
   constexpr bool operator()(const KXCampo& campo) noexcept {
     if (campo.Papel != KXPapel::Parte) _dono = campo.Papel;
     return campo.Papel == KXPapel::Campo || campo.Papel == KXPapel::Reserva ||
