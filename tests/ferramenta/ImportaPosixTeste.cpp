@@ -1,4 +1,5 @@
 // Files that never end, of which only some systems have one.
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -26,6 +27,13 @@ TEST_F(FerramentaTeste, OQueNaoAcabaEErroDeleEOsDemaisSeguem) {
       NotaDeExemplo("01_atacado_st_ipi_3parcelas.xml") + std::string(1 << 20, ' ');
   EXPECT_EQ(Executa({"importa", "--maximo", "1", Escreve("b.xml", grande)}).Status, 1);
   EXPECT_EQ(Executa({"importa", "--maximo", "2", Escreve("b.xml", grande)}).Status, 0);
+}
+
+TEST_F(FerramentaTeste, SaidaQueNaoSeGravaEErro) {
+  const std::string erros = Escreve("erros", "");
+  const std::string comando = "'" KXDADOS_BIN "' leiaute >/dev/full 2>'" + erros + "'";
+  EXPECT_EQ(WEXITSTATUS(std::system(comando.c_str())), 1);
+  EXPECT_EQ(LeArquivo(erros), "kxdados: a saída não pôde ser gravada\n");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "Classes.h"
 
+#include <algorithm>
 #include <concepts>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -29,12 +31,26 @@ using Registros = Lista<void
 #undef KX_REGISTRO
 
 template <class C, class REG>
+C Lido(const void* registro) {
+  C objeto;
+  objeto.CopiarDe(static_cast<const REG*>(registro));
+  return objeto;
+}
+
+template <class C, class REG>
 void JuntaUm(std::vector<Classe>& todas, const char* cabecalho) {
   if constexpr (LeRegistro<C, REG>) {
     constexpr bool kGuarda = GuardaRegistro<C, REG>;
     constexpr bool kPorValor = requires { requires C::kLePorValor; };
-    todas.push_back({C::GetThisClass()->m_lpszClassName, cabecalho, &KXMetadados<REG>::kInfo,
-                     kGuarda, kGuarda && kPorValor});
+    Classe& classe =
+        todas.emplace_back(Classe{C::GetThisClass()->m_lpszClassName, cabecalho,
+                                  &KXMetadados<REG>::kInfo, kGuarda, kGuarda && kPorValor});
+    if constexpr (kGuarda) {
+      classe.Descreve = [](const void* registro) { return kx::Descreve(Lido<C, REG>(registro)); };
+      classe.Diferencas = [](const void* antes, const void* depois) {
+        return kx::Diferencas(Lido<C, REG>(antes), Lido<C, REG>(depois));
+      };
+    }
   }
 }
 
@@ -54,6 +70,14 @@ std::vector<Classe> Classes() {
 #undef KX_CLASSE_OUTRA
 #undef KX_CLASSE_COM_REGISTRO
   return todas;
+}
+
+const Classe* ClasseDe(const KXRegistroInfo& registro) {
+  static const std::vector<Classe> todas = Classes();
+  const auto achada = std::find_if(todas.begin(), todas.end(), [&](const Classe& classe) {
+    return classe.Guarda && classe.Registro->Nome == std::string_view(registro.Nome);
+  });
+  return achada == todas.end() ? nullptr : &*achada;
 }
 
 }  // namespace kxdados

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <limits>
@@ -13,6 +11,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "Arquivo.h"
 #include "ImportaCTe.h"
 #include "ImportaNFe.h"
 #include "Relatorio.h"
@@ -29,7 +28,6 @@ using Transporte = CKXDadosCM_CTConhecimentoTransporte;
 constexpr std::uint64_t kMaximo16 = std::numeric_limits<std::uint16_t>::max();
 constexpr std::uint64_t kMaximo31 = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kMaximo32 = std::numeric_limits<std::uint32_t>::max();
-constexpr const char* kEntradaPadrao = "(entrada padrão)";
 
 template <class Objeto, auto Poe, class T>
 void PoeChave(Objeto& objeto, std::uint64_t valor) {
@@ -164,37 +162,11 @@ class Importacao {
     Arquivo(arquivo);
   }
 
-  // No more than the maximum, whatever the file says of its size: what is no ordinary file may not
-  // end.
-  std::string Le(std::istream& entrada) const {
-    const std::uint64_t maximo = _opcoes.MaximoMiB << 20;
-    std::string bytes;
-    std::array<char, 65536> trecho;
-    while (entrada.read(trecho.data(), trecho.size()), entrada.gcount() > 0) {
-      bytes.append(trecho.data(), static_cast<std::size_t>(entrada.gcount()));
-      if (bytes.size() > maximo) {
-        throw Falha("arquivo", "tem mais de " + std::to_string(_opcoes.MaximoMiB) +
-                                   " MiB (--maximo admite mais)");
-      }
-    }
-    if (entrada.bad()) throw Falha("arquivo", "não pode ser lido");
-    return bytes;
-  }
-
-  std::string Le(const std::string& caminho) const {
-    if (caminho == "-") return Le(std::cin);
-    std::ifstream arquivo(Caminho(caminho), std::ios::binary);
-    if (!arquivo) {
-      throw Falha("arquivo", errno == ENOENT ? "não existe" : "não pode ser aberto");
-    }
-    return Le(arquivo);
-  }
-
   void Arquivo(const std::string& caminho) {
     const std::string origem = caminho == "-" ? kEntradaPadrao : caminho;
     try {
       pugi::xml_document documento;
-      AbreXML(Le(caminho), documento);
+      AbreXML(LeArquivo(caminho, _opcoes.MaximoMiB, " (--maximo admite mais)"), documento);
       const auto documentos = DocumentosDoArquivo(documento);
       for (std::size_t i = 0; i < documentos.size(); ++i) {
         const bool nota = NomeLocal(documentos[i]) == "NFe";

@@ -4,27 +4,16 @@
 
 #include <cstdint>
 #include <pugixml.hpp>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "Falha.h"
 #include "kxldados/CString.h"
 #include "kxldados/Tipos.h"
 
 namespace kxdados {
-
-// What is wrong (what(), in Portuguese, UTF-8) and where.
-class Falha : public std::runtime_error {
- public:
-  Falha(std::string elemento, const std::string& motivo)
-      : std::runtime_error(motivo), _elemento(std::move(elemento)) {}
-  const std::string& Elemento() const noexcept { return _elemento; }
-
- private:
-  std::string _elemento;
-};
 
 // Parses the bytes of a file: UTF-8, Latin-1, or UTF-16 with a byte-order mark. Bytes that are not
 // UTF-8 are read as Latin-1, whatever the declaration says. No entity is expanded but those of XML.

@@ -21,6 +21,9 @@ _kxdados() {
   elif [[ $comando == importa ]]; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -X '!*.xml' -- "$palavra"; compgen -d -- "$palavra")
+  elif [[ $comando == mostra || $comando == compara ]]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$palavra")
   fi
 }
 

@@ -1,5 +1,5 @@
 // kxdados: imports electronic invoices as goods-receipt entries and electronic freight bills as
-// freight bills, and shows the layout of records.
+// freight bills, shows and compares records in files, and shows their layout.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "Imagens.h"
 #include "Importa.h"
 #include "Leiaute.h"
 #include "Referencia.h"
@@ -106,6 +107,35 @@ CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, std::string& pasta)
   return comando;
 }
 
+CLI::App* MontaMostra(CLI::App& app, kxdados::OpcoesImagens& opcoes) {
+  CLI::App* comando = app.add_subcommand("mostra", "Mostra registros gravados como imagens");
+  comando->group("Comandos");
+  comando->get_help_ptr()->group("Opções");
+  comando->footer("Termina com 1 se alguma imagem não pôde ser mostrada; as demais são mostradas.");
+  comando
+      ->add_option("ARQUIVO", opcoes.Caminhos,
+                   "Arquivos com uma imagem ou mais, ou - (entrada padrão)")
+      ->type_name("");
+  comando->add_flag("--json", opcoes.Json, "Um objeto JSON por linha");
+  return comando;
+}
+
+CLI::App* MontaCompara(CLI::App& app, kxdados::OpcoesImagens& opcoes) {
+  CLI::App* comando = app.add_subcommand("compara", "Diz o que mudou de uma imagem para outra");
+  comando->group("Comandos");
+  comando->get_help_ptr()->group("Opções");
+  comando->footer("Termina com 0 se são iguais, com 1 se não são, com 2 se não se comparam.");
+  comando
+      ->add_option("ARQUIVO", opcoes.Caminhos,
+                   "Dois arquivos com uma imagem, antes e depois; um - "
+                   "é a entrada padrão")
+      ->type_name("")
+      ->required()
+      ->expected(2);
+  comando->add_flag("--json", opcoes.Json, "Um objeto JSON por diferença e linha");
+  return comando;
+}
+
 // What follows the message of the parser: the argument that it is about.
 std::string Argumento(const CLI::ParseError& erro) {
   const std::string_view texto = erro.what();
@@ -120,7 +150,9 @@ std::string Motivo(const CLI::ParseError& erro) {
     case CLI::ExitCodes::ValidationError:
       return erro.what();
     case CLI::ExitCodes::RequiredError:
-      return "comando ausente ou desconhecido";
+      return std::string_view(erro.what()).find("subcommand") != std::string_view::npos
+                 ? "comando ausente ou desconhecido"
+                 : "falta um argumento";
     case CLI::ExitCodes::ExcludesError:
       return "--tudo não se usa com o nome de um registro";
     default:
@@ -134,12 +166,19 @@ int Termina(const CLI::App& app, const CLI::ParseError& erro) {
   return kErroDeUso;
 }
 
+// Without arguments a terminal would be waited for.
+bool FaltaEntrada(const std::vector<std::string>& caminhos) {
+  if (!caminhos.empty() || !kxdados::EntradaEhTerminal()) return false;
+  std::cerr << "kxdados: uso: informe um arquivo, uma pasta ou - (veja kxdados --help)\n";
+  return true;
+}
+
+int ExecutaMostra(const kxdados::OpcoesImagens& opcoes) {
+  return FaltaEntrada(opcoes.Caminhos) ? kErroDeUso : kxdados::Mostra(opcoes);
+}
+
 int ExecutaImporta(kxdados::OpcoesImporta& opcoes, const Digitados& digitados) {
-  // Without arguments a terminal would be waited for.
-  if (opcoes.Caminhos.empty() && kxdados::EntradaEhTerminal()) {
-    std::cerr << "kxdados: uso: informe um arquivo, uma pasta ou - (veja kxdados --help)\n";
-    return kErroDeUso;
-  }
+  if (FaltaEntrada(opcoes.Caminhos)) return kErroDeUso;
   const auto chaves = kxdados::OpcoesChave();
   for (std::size_t i = 0; i < chaves.size(); ++i) {
     if (!digitados[i].empty()) opcoes.Chaves.emplace_back(&chaves[i], std::stoull(digitados[i]));
@@ -171,7 +210,10 @@ int Executa(int argc, char** argv) {
   std::string registro;
   std::string pasta;
   const CLI::App* importa = MontaImporta(app, opcoes, digitados);
+  kxdados::OpcoesImagens imagens;
   MontaLeiaute(app, registro, pasta);
+  const CLI::App* mostra = MontaMostra(app, imagens);
+  const CLI::App* compara = MontaCompara(app, imagens);
   std::vector<std::string> argumentos = kxdados::Argumentos(argc, argv);
   std::reverse(argumentos.begin(), argumentos.end());  // as the parser takes them
   try {
@@ -179,12 +221,23 @@ int Executa(int argc, char** argv) {
   } catch (const CLI::ParseError& erro) {
     return Termina(app, erro);
   }
-  return importa->parsed() ? ExecutaImporta(opcoes, digitados) : ExecutaLeiaute(registro, pasta);
+  if (importa->parsed()) return ExecutaImporta(opcoes, digitados);
+  if (compara->parsed()) return kxdados::Compara(imagens);
+  return mostra->parsed() ? ExecutaMostra(imagens) : ExecutaLeiaute(registro, pasta);
+}
+
+// What could not be written is not done.
+int Conclui(int status) {
+  if (std::cout.flush()) return status;
+  std::cerr << "kxdados: a saída não pôde ser gravada\n";
+  return std::max(status, kErro);
 }
 
 }  // namespace
 
-int main(int argc, char** argv) try { return Executa(argc, argv); } catch (const std::bad_alloc&) {
+int main(int argc, char** argv) try {
+  return Conclui(Executa(argc, argv));
+} catch (const std::bad_alloc&) {
   std::cerr << "kxdados: memória insuficiente\n";
   return kErro;
 } catch (const std::exception& erro) {

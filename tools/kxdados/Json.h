@@ -1,0 +1,17 @@
+// Records as JSON, for programs.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+
+#include "core/Metadados.h"
+
+namespace kxdados {
+
+// One object: "_registro", the record's name, then its fields by the names of the tables, empty
+// ones left out. Money and integers of 64 bits are decimal strings, dates are ISO 8601, texts
+// UTF-8, lists arrays of objects. No byte is lost: what such a form cannot say (a date that is
+// none, something behind the end of a text) is "hex:" and its bytes, and so are reserves. The
+// record must be one that can be read, such as an image that was opened.
+nlohmann::ordered_json JsonDeRegistro(const KXRegistroInfo& info, const void* registro);
+
+}  // namespace kxdados
