@@ -150,6 +150,27 @@ void OrdemIgualdade(benchmark::State& estado) {
   for (auto _ : estado) benchmark::DoNotOptimize(a == b);
 }
 
+// The commercial content alone, as Igual sees it.
+void OrdemIgualNoConteudo(benchmark::State& estado) {
+  const CKXDadosCM_OrdemCompra a = Ordem(estado.range(0));
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to be compared
+  const CKXDadosCM_OrdemCompra b = a;
+  for (auto _ : estado) benchmark::DoNotOptimize(a.Igual(b, 0, 1));
+}
+
+void OrdemEstaVazia(benchmark::State& estado) {
+  const CKXDadosCM_OrdemCompra vazia;
+  for (auto _ : estado) benchmark::DoNotOptimize(vazia.EstaVazio());
+}
+
+void OrdemEstaVaziaPiso(benchmark::State& estado) {
+  const tagREG_ORDEMPS zero{};
+  const CKXDadosCM_OrdemCompra vazia;
+  for (auto _ : estado) {
+    benchmark::DoNotOptimize(std::memcmp(&vazia.GetReg(), &zero, sizeof(zero)));
+  }
+}
+
 void OrdemDiferencasDeIguais(benchmark::State& estado) {
   const CKXDadosCM_OrdemCompra a = Ordem(estado.range(0));
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to be compared
@@ -212,3 +233,6 @@ BENCHMARK(OrdemIgualdadePiso)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemIgualdade)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemDiferencasDeIguais)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemDiferencas)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemIgualNoConteudo)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemEstaVazia)->Arg(1);
+BENCHMARK(OrdemEstaVaziaPiso)->Arg(1);

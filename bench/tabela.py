@@ -69,6 +69,10 @@ def com_pares():
         yield Comparacao("order, size", "OrdemCopiarParaELibera", contra, f"{par}Codifica",
                          grandeza="bytes")
     yield from de_imagens()
+    yield Comparacao("order, equal in content (Igual)", "OrdemIgualNoConteudo", "operator==",
+                     "OrdemIgualdade", 3.0)
+    yield Comparacao("order, EstaVazio of an empty one", "OrdemEstaVazia", "memcmp",
+                     "OrdemEstaVaziaPiso", 2.0)
     yield Comparacao("order, differences of equal ones", "OrdemDiferencasDeIguais", "operator==",
                      "OrdemIgualdade", 1.1)
     yield Comparacao("order, differences in every item", "OrdemDiferencas", "operator==",

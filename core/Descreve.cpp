@@ -6,6 +6,7 @@
 #include <ostream>
 #include <type_traits>
 
+#include "core/Igualdade.h"
 #include "kxldados/CIEVinculo.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Datas.h"
@@ -108,9 +109,7 @@ void Descricao::Campo(const KXCampo& campo, const void* registro) {
 
 void Descricao::Valor(std::string_view nome, KXTipoCampo tipo, const void* bytes,
                       std::size_t largura) {
-  const auto* inicio = static_cast<const unsigned char*>(bytes);
-  const bool vazio = std::all_of(inicio, inicio + largura, [](auto byte) { return byte == 0; });
-  if (!vazio) Linha(nome, TextoDoValor(tipo, bytes, largura));
+  if (!TudoZero(bytes, largura)) Linha(nome, TextoDoValor(tipo, bytes, largura));
 }
 
 std::string Descricao::Numerado(std::string_view titulo, std::size_t numero, std::size_t quantos) {

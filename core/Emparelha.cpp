@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/Checksum.h"
+#include "core/Igualdade.h"
 
 namespace kx {
 
@@ -205,7 +206,7 @@ class Emparelhador {
     std::vector<Chave> chaves;
     for (std::size_t i = de; i < ate; ++i) {
       const char* const bytes = Campo(colecao, i, campo);
-      if (Vazio(bytes, campo.Largura)) continue;
+      if (TudoZero(bytes, campo.Largura)) continue;
       chaves.push_back({CalculaChecksum(bytes, campo.Largura), i});
     }
     return chaves;
@@ -219,7 +220,7 @@ class Emparelhador {
       const char* const a = Campo(_a, par.A, *campo);
       if (std::memcmp(a, Campo(_b, par.B, *campo), campo->Largura) != 0) {
         ++outros;
-      } else if (!Vazio(a, campo->Largura)) {
+      } else if (!TudoZero(a, campo->Largura)) {
         ++iguais;
       }
     }
@@ -228,9 +229,6 @@ class Emparelhador {
 
   static const char* Campo(const Colecao& colecao, std::size_t i, const KXCampo& campo) {
     return static_cast<const char*>(colecao.Registros[i]) + campo.Posicao;
-  }
-  static bool Vazio(const char* bytes, std::size_t largura) {
-    return bytes[0] == 0 && std::memcmp(bytes, bytes + 1, largura - 1) == 0;
   }
 
   const Colecao& _a;

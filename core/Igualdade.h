@@ -4,12 +4,19 @@
 // fields looked at one by one.
 #pragma once
 
+#include <cstddef>
 #include <cstring>
 
 #include "core/Metadados.h"
 #include "platform/Exporta.h"
 
 namespace kx {
+
+// Whether every byte is zero.
+inline bool TudoZero(const void* bytes, std::size_t n) noexcept {
+  const auto* primeiro = static_cast<const unsigned char*>(bytes);
+  return n == 0 || (*primeiro == 0 && std::memcmp(primeiro, primeiro + 1, n - 1) == 0);
+}
 
 // Whether the field is equal in both, as equality looks at it, whether it does or not: texts up to
 // their terminator, history complements by their first three lines, everything else byte for byte.

@@ -94,10 +94,7 @@ struct Motor {
   template <class C>
   static bool EstaVazio(const C& objeto) {
     if constexpr (kTemRegistro<C>) {
-      const auto* bytes = reinterpret_cast<const unsigned char*>(&objeto._Reg);
-      for (std::size_t i = 0; i < sizeof(objeto._Reg); ++i) {
-        if (bytes[i] != 0) return false;
-      }
+      if (!TudoZero(&objeto._Reg, sizeof(objeto._Reg))) return false;
     }
     Vazio<C> vazio{objeto};
     VisitaPartes<C>(vazio);

@@ -1,5 +1,8 @@
 #include "oc/DadosOC.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "core/Checksum.h"
 #include "core/Motor.h"
 
@@ -7,32 +10,35 @@ namespace {
 
 constexpr const char* kFonte = "DadosOC";
 
-CKXDadosCM_RateioOrdemCompra ConteudoComercial(const CKXDadosCM_RateioOrdemCompra& rateio) {
-  CKXDadosCM_RateioOrdemCompra conteudo;
-  conteudo.SetQuantidade(rateio.GetQuantidade())
-      .SetValor(rateio.GetValor())
-      .SetPonteiroClassificacao(rateio.GetPonteiroClassificacao())
-      .SetListaGerencial(rateio.GetListaGerencial());
-  return conteudo;
+// The fields, each the same in both.
+template <class REG, class... Campos>
+bool Concordam(const REG& a, const REG& b, Campos... campos) {
+  return ((a.*campos == b.*campos) && ...);
 }
 
-CKXDadosCM_ItemOrdemCompra ConteudoComercial(const CKXDadosCM_ItemOrdemCompra& item) {
-  CKXDadosCM_ItemOrdemCompra conteudo;
-  conteudo.SetPonteiroTabelaPreco(item.GetPonteiroTabelaPreco())
-      .SetPonteiroProdutoServico(item.GetPonteiroProdutoServico())
-      .SetPonteiroItemGrade1(item.GetPonteiroItemGrade1())
-      .SetPonteiroItemGrade2(item.GetPonteiroItemGrade2())
-      .SetPonteiroItemGrade3(item.GetPonteiroItemGrade3())
-      .SetQuantidade(item.GetQuantidade())
-      .SetValorUnitarioV8(item.GetValorUnitarioV8())
-      .SetDescontoUnitarioV8(item.GetDescontoUnitarioV8())
-      .SetValorDescontoTotalItem(item.GetValorDescontoTotalItem())
-      .SetValorIPI(item.GetValorIPI());
-  if (item.GetPonteiroProdutoServico() == 0) conteudo.SetComplemento(item.GetComplemento());
-  for (const CKXDadosCM_RateioOrdemCompra& rateio : item.GetListaRateio()) {
-    conteudo.AdicionaRateio(ConteudoComercial(rateio));
-  }
-  return conteudo;
+bool MesmoConteudo(const CKXDadosCM_RateioOrdemCompra& a, const CKXDadosCM_RateioOrdemCompra& b) {
+  using REG = tagREG_RATEIO_COMPRAPS;
+  return Concordam(a.GetReg(), b.GetReg(), &REG::Quantidade, &REG::Valor,
+                   &REG::PonteiroClassificacao) &&
+         a.GetListaGerencial() == b.GetListaGerencial();
+}
+
+// Without a product, the text says what is bought.
+bool MesmoConteudo(const CKXDadosCM_ItemOrdemCompra& a, const CKXDadosCM_ItemOrdemCompra& b) {
+  using REG = tagREG_ITENS_ORDEMPS;
+  using Posicao = _REG_POSICAO_PRODUTOPS;
+  const REG& regA = a.GetReg();
+  const REG& regB = b.GetReg();
+  return Concordam(regA, regB, &REG::PonteiroTabelaPreco, &REG::Quantidade, &REG::ValorUnitarioV8,
+                   &REG::DescontoUnitarioV8, &REG::ValorDescontoTotalItem, &REG::ValorIPI) &&
+         Concordam(regA.PosicaoProduto, regB.PosicaoProduto, &Posicao::PonteiroProduto,
+                   &Posicao::PonteiroItemGrade1, &Posicao::PonteiroItemGrade2,
+                   &Posicao::PonteiroItemGrade3) &&
+         (a.GetPonteiroProdutoServico() != 0 ||
+          std::strncmp(regA.Complemento, regB.Complemento, sizeof(regA.Complemento)) == 0) &&
+         std::equal(a.GetListaRateio().begin(), a.GetListaRateio().end(),
+                    b.GetListaRateio().begin(), b.GetListaRateio().end(),
+                    [](const auto& x, const auto& y) { return MesmoConteudo(x, y); });
 }
 
 }  // namespace
@@ -63,34 +69,16 @@ bool CKXDadosCM_OrdemCompra::Igual(const CKXDadosCM_OrdemCompra& outra, int semF
                                    int comCondicao) const {
   const bool comparaCondicao = semFornecedor == 0 || comCondicao != 0;
   if (comparaCondicao && _CondicaoPagamento != outra._CondicaoPagamento) return false;
-  if (_ListaItem.size() != outra._ListaItem.size()) return false;
-  const bool comFornecedor = semFornecedor == 0;
-  return ConteudoComercial(comFornecedor) == outra.ConteudoComercial(comFornecedor);
-}
-
-CKXDadosCM_OrdemCompra CKXDadosCM_OrdemCompra::ConteudoComercial(bool comFornecedor) const {
-  CKXDadosCM_OrdemCompra conteudo;
-  conteudo.SetRegDataCompetencia(_Reg.RegDataCompetencia)
-      .SetRegDataNecessidade(_Reg.RegDataNecessidade)
-      .SetMoeda(GetMoeda())
-      .SetRegDataEntrega(_Reg.RegDataEntrega)
-      .SetValorDescontoTotalProdutos(_Reg.ValorDescontoTotalProdutos)
-      .SetValorDescontoTotalServicos(_Reg.ValorDescontoTotalServicos)
-      .SetValorTotalIPI(_Reg.ValorTotalIPI)
-      .SetValorTotalICMS(_Reg.ValorTotalICMS)
-      .SetValorTotalICMSST(_Reg.ValorTotalICMSST)
-      .SetValorDescontoNaNota(_Reg.ValorDescontoNaNota)
-      .SetValorTotalOrdemCompra(_Reg.ValorTotalOrdemCompra)
-      .SetValorFrete(_Reg.ValorFrete)
-      .SetValorSeguro(_Reg.ValorSeguro)
-      .SetValorDespesasAcessorias(_Reg.ValorDespesasAcessorias);
-  if (comFornecedor) {
-    conteudo.SetPonteiroFornecedor(_Reg.PonteiroFornecedor)
-        .SetPonteiroDepartamento(_Reg.PonteiroDepartamento)
-        .SetPonteiroComprador(_Reg.PonteiroComprador);
-  }
-  for (const CKXDadosCM_ItemOrdemCompra& item : _ListaItem) {
-    conteudo.AdicionaItem(::ConteudoComercial(item));
-  }
-  return conteudo;
+  using REG = tagREG_ORDEMPS;
+  return Concordam(_Reg, outra._Reg, &REG::RegDataCompetencia, &REG::RegDataNecessidade,
+                   &REG::RegDataEntrega, &REG::ValorDescontoTotalProdutos,
+                   &REG::ValorDescontoTotalServicos, &REG::ValorTotalIPI, &REG::ValorTotalICMS,
+                   &REG::ValorTotalICMSST, &REG::ValorDescontoNaNota, &REG::ValorTotalOrdemCompra,
+                   &REG::ValorFrete, &REG::ValorSeguro, &REG::ValorDespesasAcessorias) &&
+         GetMoeda() == outra.GetMoeda() &&
+         (semFornecedor != 0 || Concordam(_Reg, outra._Reg, &REG::PonteiroFornecedor,
+                                          &REG::PonteiroDepartamento, &REG::PonteiroComprador)) &&
+         std::equal(_ListaItem.begin(), _ListaItem.end(), outra._ListaItem.begin(),
+                    outra._ListaItem.end(),
+                    [](const auto& a, const auto& b) { return MesmoConteudo(a, b); });
 }

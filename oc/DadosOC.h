@@ -82,8 +82,4 @@ class KX_API CKXDadosCM_OrdemCompra : public TKXCMBaseParaDados {
     v.NaoComparado(KX_DO_OBJETO(ListaLogs));
     v.NaoComparado(KX_DO_OBJETO(Vinculo));
   }
-
- private:
-  // An order with nothing but the commercial content of this one, payment condition apart.
-  CKXDadosCM_OrdemCompra ConteudoComercial(bool comFornecedor) const;
 };
