@@ -77,7 +77,9 @@ class KX_API CKXDadosCM_CCClassificacao : public TKXCMBaseParaDados {
 #define KX_TABELA "cc/tagREG_CONTRATO_COMPRA_CLASSIFICACAOPS.def"
 #include "core/tabela/Acessores.h"
 
-  // PercRateio from ValorRateio, and back; the total is the contract's.
+  // PercRateio from ValorRateio, and back; the total is the contract's. The result is stored and
+  // returned. Where what it is made from is zero, zero is returned and nothing stored; a total of
+  // zero gives zero.
   CKXCurrencyEx CalculaPercentual(CKXCurrencyEx total) noexcept;
   CKXCurrencyEx CalculaValor(CKXCurrencyEx total) noexcept;
 
@@ -118,7 +120,8 @@ class KX_API CKXDadosCM_CCParcela : public TKXCMBaseParaDados {
 #include "core/tabela/Acessores.h"
 
   // The percentage of discounts, interest or fines from its value, and the value from its
-  // percentage; the total is the installment's value.
+  // percentage; the total is the installment's value. The result is stored and returned. Where what
+  // it is made from is zero, zero is returned and nothing stored; a total of zero gives zero.
   CKXCurrencyEx CalculaPercentualDescontos(CKXCurrencyEx total) noexcept;
   CKXCurrencyEx CalculaPercentualJuros(CKXCurrencyEx total) noexcept;
   CKXCurrencyEx CalculaPercentualMultas(CKXCurrencyEx total) noexcept;

@@ -5,6 +5,9 @@
 //   - default, copy and move construction and assignment. Copies are deep; a moved-from object is
 //     valid, its collections empty. Copy assignment goes through Copiar (OnCopiar).
 //   - const Record& GetReg() const: the record as stored, its array pointers null and counts zero.
+//   - explicit Class(const Record*): a new object filled as by CopiarDe, which clears nothing
+//   before
+//     it is overwritten.
 //   - CopiarDe(const Record*): clears the object and fills it from the record, which it leaves
 //     untouched and does not keep; null clears.
 //   - CopiarPara(Record*) const: overwrites the whole record (what it owned before is not
@@ -103,6 +106,7 @@ inline constexpr bool kDireta = requires {
   static const kx::Posicao kPosicao;                               \
   static const kx::Alocador kAlocador;                             \
   explicit Classe(kx::SemLimpar) noexcept {}                       \
+  explicit Classe(const Reg* origem);                              \
   const Reg& GetReg() const { return _Reg; }                       \
   Classe& CopiarDe(const Reg* origem);                             \
   bool CabeNoRegistro() const;                                     \
@@ -170,20 +174,21 @@ inline constexpr bool kDireta = requires {
 
 // What a derived class adds is cleared by the virtual Limpar; of the class itself, the record that
 // is about to be overwritten need not be.
-#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)                   \
-  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                             \
-  constinit const kx::Posicao Classe::kPosicao{kFonte, __LINE__};        \
-  Classe::Classe() : _Reg{} {}                                           \
-  bool Classe::CabeNoRegistro() const { return kx::Motor::Cabe(*this); } \
-  Classe& Classe::CopiarDe(const Registro* origem) {                     \
-    if (typeid(*this) == typeid(Classe)) {                               \
-      Base::OnLimpar();                                                  \
-      kx::Motor::LimpaPartes(*this);                                     \
-    } else {                                                             \
-      Limpar();                                                          \
-    }                                                                    \
-    kx::Leitura::Registro(*this, origem);                                \
-    return *this;                                                        \
+#define KX_IMPLEMENTA_REGISTRO(Classe, BaseDeExecucao)                             \
+  KX_IMPLEMENTA_VIDA(Classe, BaseDeExecucao)                                       \
+  constinit const kx::Posicao Classe::kPosicao{kFonte, __LINE__};                  \
+  Classe::Classe() : _Reg{} {}                                                     \
+  Classe::Classe(const Registro* origem) { kx::Leitura::Registro(*this, origem); } \
+  bool Classe::CabeNoRegistro() const { return kx::Motor::Cabe(*this); }           \
+  Classe& Classe::CopiarDe(const Registro* origem) {                               \
+    if (typeid(*this) == typeid(Classe)) {                                         \
+      Base::OnLimpar();                                                            \
+      kx::Motor::LimpaPartes(*this);                                               \
+    } else {                                                                       \
+      Limpar();                                                                    \
+    }                                                                              \
+    kx::Leitura::Registro(*this, origem);                                          \
+    return *this;                                                                  \
   }
 
 #define KX_IMPLEMENTA_LIBERACAO(Classe)                 \

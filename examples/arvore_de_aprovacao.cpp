@@ -58,7 +58,10 @@ int main() {
 
   // Every rule with its level, those above first; 0 is the top.
   std::size_t niveis = 0;
-  for (auto [node, nivel] : raiz.Percorre()) niveis = std::max(niveis, nivel + 1);
+  for (auto [node, nivel] : raiz.Percorre()) {  // a reference to the node, and a number
+    std::cout << nivel << ": " << node.GetrACSmall().ChaveEste << '\n';
+    niveis = std::max(niveis, nivel + 1);
+  }
 
   std::cout << raiz;                                 // a line for each
   const bool saiu = raiz.DeletarNode(kPresidencia);  // with all below it

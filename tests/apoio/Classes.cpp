@@ -124,6 +124,9 @@ void JuntaClasse(std::vector<Classe>& classes) {
       classe.CopiarPara = [](Base& o, void* registro) {
         static_cast<C&>(o).CopiarPara(static_cast<REG*>(registro));
       };
+      classe.DeRegistro = [](const void* registro) -> std::unique_ptr<Base> {
+        return std::make_unique<C>(static_cast<const REG*>(registro));
+      };
       if constexpr (requires(const C& o, REG* r) { o.CopiarParaPS(r); }) {
         classe.CopiarParaPS = [](Base& o, void* registro) {
           De<C>(o).CopiarParaPS(static_cast<REG*>(registro));

@@ -43,6 +43,7 @@ struct Classe {
   const kx::Posicao* Posicao = nullptr;
   const void* (*Registro)(const Base&) = nullptr;
   void (*CopiarDe)(Base&, const void*) = nullptr;
+  std::unique_ptr<Base> (*DeRegistro)(const void*) = nullptr;
   void (*CopiarPara)(Base&, void*) = nullptr;
   void (*CopiarParaPS)(Base&, void*) = nullptr;  // null where there is none
   void (*ZerarDelete)(void*) = nullptr;

@@ -147,6 +147,7 @@ void Prova(const Classe& classe, Bytes& bytes) {
   objeto.CopiarPara(escrito.Bytes());
   const std::string diferenca = Diferenca(info, esperado.Bytes(), escrito.Bytes());
   KX_EXIGE(diferenca.empty(), diferenca);
+  KX_EXIGE(classe.Iguais(*classe.DeRegistro(recebido.Bytes()), *objeto), info.Nome);
   const Objeto volta(classe, escrito.Bytes());
   KX_EXIGE(volta == objeto && objeto == volta, info.Nome);
   KX_EXIGE(volta->CalculaCRC(nullptr) == objeto->CalculaCRC(nullptr), info.Nome);

@@ -55,6 +55,7 @@ TEST_P(VarreduraRegistros, OrigemNulaDeixaVazioELinhaNaoFica) {
     EXPECT_EQ(base->GetLinhaArquivoImportacao(), 0);
   }
   EXPECT_TRUE(objeto.CopiarDe(nullptr)->EstaVazio());
+  EXPECT_TRUE(Atual().DeRegistro(nullptr)->EstaVazio());
   Registro escrito(Info());
   objeto.CopiarPara(escrito.Bytes());
   const std::vector<unsigned char> zero(Info().Tamanho);
