@@ -100,6 +100,24 @@ void OrdemCopiarDe(benchmark::State& estado) {
   }
 }
 
+// Constructed from the record: nothing is cleared that is then overwritten.
+void OrdemDeRegistro(benchmark::State& estado) {
+  const Registro registro(Ordem(estado.range(0)));
+  for (auto _ : estado) {
+    const auto ordem = std::make_unique<CKXDadosCM_OrdemCompra>(&registro.Reg);
+    benchmark::DoNotOptimize(ordem.get());
+  }
+}
+
+void OrdemDeRegistroPiso(benchmark::State& estado) {
+  const Registro registro(Ordem(estado.range(0)));
+  for (auto _ : estado) {
+    const auto ordem = std::make_unique_for_overwrite<PisoOrdem>();
+    LePiso(*ordem, registro.Reg);
+    benchmark::DoNotOptimize(ordem.get());
+  }
+}
+
 // One object for all: its memory is used again.
 void OrdemCopiarDeReusando(benchmark::State& estado) {
   const Registro registro(Ordem(estado.range(0)));
@@ -226,6 +244,8 @@ void OrdemIgualdadePiso(benchmark::State& estado) {
 
 BENCHMARK(OrdemCopiarDePiso)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemCopiarDe)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemDeRegistroPiso)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK(OrdemDeRegistro)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemCopiarDeReusando)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemCopiarParaELiberaPiso)->RangeMultiplier(10)->Range(1, 1000);
 BENCHMARK(OrdemCopiarParaELibera)->RangeMultiplier(10)->Range(1, 1000);

@@ -41,6 +41,8 @@ def comparacoes():
         for nome, medida in (("from record", "CopiarDe"), ("to record", "CopiarParaELibera")):
             yield Comparacao(f"{documento}, {nome}", prefixo + medida, "floor",
                              f"{prefixo}{medida}Piso", 1.1)
+    yield Comparacao("order, constructed from record", "OrdemDeRegistro",
+                     "floor that clears nothing", "OrdemDeRegistroPiso", 1.1, 10)
     for documento, prefixo in (("entry", ""), ("order", "Ordem")):
         yield Comparacao(f"{documento}, equality", f"{prefixo}Igualdade", "memcmp",
                          f"{prefixo}IgualdadePiso", 1.0)
