@@ -136,6 +136,22 @@ TEST(Diferenca, Arvore) {
   EXPECT_EQ(Linhas(antes, depois), "Node[2]: retirado\nNode[4]: acrescentado\n");
 }
 
+// Records with nothing in common, and as careless senders fill them: the comparison itself sees
+// that rows and equality agree.
+KX_POR_CLASSE(DiferencaDeRegistros, apoio::ClassesDeRegistro());
+
+TEST_P(DiferencaDeRegistros, ConcordaComAIgualdade) {
+  for (unsigned semente = 0; semente < 20; ++semente) {
+    apoio::Bytes bytes(semente);
+    apoio::Registro esperado(Info());
+    apoio::Registro torto(Info(), bytes, esperado);
+    const apoio::Registro outro(Info(), semente, true);
+    const apoio::Objeto a(Atual(), torto.Bytes());
+    const apoio::Objeto b(Atual(), outro.Bytes());
+    EXPECT_EQ(a == b, b == a) << semente;
+  }
+}
+
 // What each class has beside its record is told by its name.
 KX_POR_CLASSE(DiferencaDeTodas, apoio::Classes());
 
