@@ -107,7 +107,9 @@
   static_assert(offsetof(Registro, Caminho) == (Posicao), #Caminho ": the offset is wrong");
 #define KX_INICIO(Reg, Larg, Significado) \
   static_assert(sizeof(Reg) == (Larg) || kLinhaErrada != 0, #Reg ": the size is wrong");
-#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado) KX_PROVA(Posicao, Nome)
+#define KX_CAMPO(Posicao, Tipo, Nome, Comparado, Significado)                                    \
+  static_assert((Posicao) % alignof(Tipo) == 0, #Nome ": the type is aligned at other offsets"); \
+  KX_PROVA(Posicao, Nome)
 #define KX_PARTE(Posicao, Tipo, Nome, Caminho, Comparado, Significado) \
   KX_PROVA(Posicao, Caminho)                                           \
   static_assert(sizeof(Registro::Caminho) == sizeof(Tipo), #Nome ": the width is wrong");

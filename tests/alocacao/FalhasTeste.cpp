@@ -55,7 +55,7 @@ TEST_P(Falhas, Diferencas) {
   const Registro outro(Info(), kSemente + 1);
   const Objeto antes(Atual(), original.Bytes());
   const Objeto depois(Atual(), outro.Bytes());
-  FalhaEmCadaAlocacao([&] { Atual().Diferencas(*antes, *depois); }, [] {}, 7);
+  FalhaEmCadaAlocacao([&] { Atual().Diferencas(*antes, *depois); }, [] {}, 101);
 }
 
 TEST_P(Falhas, CadaLiberacaoLevaTudo) {

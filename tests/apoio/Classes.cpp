@@ -80,15 +80,6 @@ bool PorDono(C& objeto) {
   return certo && Volta(terceiro, objeto);
 }
 
-// Two objects are equal exactly when no row of their differences says that equality sees it.
-template <class C>
-void ExigeDiferencas(const C& a, const C& b, bool iguais) {
-  const auto diferencas = kx::Diferencas(a, b);
-  const auto vista = std::find_if(diferencas.begin(), diferencas.end(),
-                                  [](const kx::Diferenca& linha) { return linha.Comparado; });
-  KX_EXIGE(iguais == (vista == diferencas.end()), iguais ? vista->Caminho : "nenhuma");
-}
-
 template <class C>
 void JuntaClasse(std::vector<Classe>& classes) {
   if constexpr (kComparavel<C> && std::is_default_constructible_v<C>) {
@@ -104,7 +95,6 @@ void JuntaClasse(std::vector<Classe>& classes) {
         [](Base& a, Base& b) { static_cast<C&>(a) = static_cast<C&&>(b); },
         [](const Base& a, const Base& b) {
           const bool iguais = De<C>(a) == De<C>(b);
-          ExigeDiferencas(De<C>(a), De<C>(b), iguais);
           return iguais && !(De<C>(a) != De<C>(b));
         },
         [](const Base& o) {
@@ -189,6 +179,15 @@ const std::vector<Classe>& ClassesDeRegistro() {
     return classes;
   }();
   return comRegistro;
+}
+
+bool Objeto::IgualNasDiferencas(const Objeto& outro) const {
+  const bool iguais = *this == outro;
+  const auto diferencas = _classe->Diferencas(*_objeto, *outro);
+  const auto vista = std::find_if(diferencas.begin(), diferencas.end(),
+                                  [](const kx::Diferenca& linha) { return linha.Comparado; });
+  KX_EXIGE(iguais == (vista == diferencas.end()), iguais ? vista->Caminho : "nenhuma");
+  return iguais;
 }
 
 }  // namespace apoio

@@ -79,7 +79,7 @@ void ExigeIgualdade(Bytes& bytes, const Classe& classe, const Objeto& objeto,
   const std::uint8_t era = std::exchange(mudado[posicao], valor);
   const bool iguais = !Diferem(info, antes.data(), ComoSeCompara(info, mudado).data());
   const std::string onde = std::string(info.Nome) + " + " + std::to_string(posicao);
-  KX_EXIGE((objeto == Objeto(classe, inteiro)) == iguais, onde);
+  KX_EXIGE(objeto.IgualNasDiferencas(Objeto(classe, inteiro)) == iguais, onde);
   mudado[posicao] = era;
 }
 

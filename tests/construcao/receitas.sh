@@ -28,14 +28,13 @@ mkdir -p "$copia"
 (cd "$fonte" && git ls-files -z | xargs -0 cp --parents -t "$copia")
 cd "$copia"
 
-# The page's blocks: each belongs to the file named before it; the last one, of no file, is the user.
+# The page's blocks: each belongs to the file named before it.
 mkdir av
 awk '
   match($0, /^`[A-Za-z_\/]+\.[a-z]+`,/) { file = substr($0, 2, RLENGTH - 3) }
-  /^A program uses it/ { file = "../programa.cpp" }
   /^```/ { code = !code; next }
   code { print > file }
-  /^    / && !code && file ~ /leiautes\.txt$/ { print substr($0, 5) > file }
+  /^    / && !code && file ~ /(leiautes\.txt|\.md)$/ { print substr($0, 5) > file }
   /^    / && !code && file ~ /salas\.txt$/ { rooms = substr($0, 5) }
   END { print rooms > "../salas" }' docs/novo_documento.md
 antes=$(sed -n '/ oc /p' cmake/salas.txt)
@@ -58,15 +57,16 @@ usa() {
     -L"$instalada/lib" -lkxldadoscm -Wl,-rpath,"$instalada/lib"
   quieto "$pasta/programa"
 }
-usa "$pasta/programa.cpp"
+usa examples/avaria.cpp
 
 # A field: its bytes come from the reserve.
-sed -i 's/^KX_RESERVA(12, 4, \( *\)0)/KX_CAMPO  (12, std::uint16_t, PonteiroLocal, 1, "place (key)")\nKX_RESERVA(14, 2, \10)/' \
+sed -i 's/^KX_RESERVA(12, 4, \( *\)0)/KX_CAMPO  (12, std::uint16_t, PonteiroLocal, 0, "place (key)")\nKX_RESERVA(14, 2, \10)/' \
   av/tagREG_AVARIA_ITEMPS.def
+sed -i 's/^tagREG_AVARIA_ITEMPS .*/& PonteiroLocal=12 !PonteiroLocal/' av/leiautes.txt
 constroi
 paginas
 quieto ctest --preset release -R 'testes_unidade|testes_ferramenta'
 grep -q 'SetPonteiroLocal' docs/registros/tagREG_AVARIA_ITEMPS.md || falha "no accessor in the page"
 quieto cmake --install build/release --prefix "$instalada"
-sed 's/SetQuantidade(CY{30000})/SetPonteiroLocal(7)/' "$pasta/programa.cpp" >"$pasta/campo.cpp"
+sed 's/SetQuantidade(CY{30000})/SetPonteiroLocal(7)/' examples/avaria.cpp >"$pasta/campo.cpp"
 usa "$pasta/campo.cpp"

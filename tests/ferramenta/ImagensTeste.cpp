@@ -1,6 +1,4 @@
 // The commands `mostra` and `compara`, on images as programs write them.
-#include <nlohmann/json.hpp>
-
 #include "Execucao.h"
 #include "Json.h"
 #include "core/Imagem.h"
@@ -79,7 +77,7 @@ KX_POR_CLASSE(JsonDeTodas, apoio::ClassesDeRegistro());
 TEST_P(JsonDeTodas, NenhumByteSePerde) {
   const apoio::Registro aleatorio(Info(), 3);
   std::vector<unsigned char> registro(aleatorio.Bytes(), aleatorio.Bytes() + Info().Tamanho);
-  const auto texto = [&] { return kxdados::JsonDeRegistro(Info(), registro.data()).dump(); };
+  const auto texto = [&] { return kxdados::JsonDeRegistro(Info(), registro.data()); };
   const std::string antes = texto();
   for (const KXCampo& campo : Info().Campos) {
     if (campo.Papel > KXPapel::Reserva) continue;

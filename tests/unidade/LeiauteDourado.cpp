@@ -31,10 +31,11 @@ void Confere(const KXRegistroInfo& registro, std::istringstream& partes) {
       naoComparados.insert(parte.substr(1));
     } else {
       EXPECT_EQ(PosicaoDe(registro, parte.substr(0, igual)), std::stoul(parte.substr(igual + 1)))
-          << registro.Nome << " " << parte;
+          << registro.Nome << " " << parte << " in leiautes.txt of its room";
     }
   }
-  EXPECT_EQ(apoio::ForaDaIgualdade(registro), naoComparados) << registro.Nome;
+  EXPECT_EQ(apoio::ForaDaIgualdade(registro), naoComparados)
+      << registro.Nome << ": the second are the names with a ! in leiautes.txt of its room";
 }
 
 void ConfereSala(const std::string& sala, Nomes& documentados) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <span>
 
 #include "Arquivo.h"
@@ -71,7 +70,7 @@ class Imagens {
 void MostraUm(const Documento& documento, bool json) {
   const Classe* const classe = ClasseDe(*documento.Info);
   if (json || classe == nullptr) {
-    std::cout << JsonDeRegistro(*documento.Info, documento.Registro).dump(json ? -1 : 2) << '\n';
+    std::cout << JsonDeRegistro(*documento.Info, documento.Registro, json ? -1 : 2) << '\n';
   } else {
     std::cout << documento.Info->Nome << '\n' << classe->Descreve(documento.Registro) << '\n';
   }
@@ -97,15 +96,6 @@ Documento AbreSo(Imagens& imagens) {
   const Documento documento = imagens.Abre();
   if (!imagens.Acabou()) throw Falha("arquivo", "tem mais do que uma imagem");
   return documento;
-}
-
-nlohmann::ordered_json JsonDe(const kx::Diferenca& diferenca) {
-  constexpr const char* kTipos[] = {"mudou", "retirado", "acrescentado"};
-  return {{"caminho", diferenca.Caminho},
-          {"tipo", kTipos[static_cast<std::size_t>(diferenca.Tipo)]},
-          {"antes", diferenca.Antes},
-          {"depois", diferenca.Depois},
-          {"comparado", diferenca.Comparado}};
 }
 
 }  // namespace
@@ -135,7 +125,8 @@ int Compara(const OpcoesImagens& opcoes) {
     if (classe == nullptr) throw Falha("imagem", "nenhuma classe guarda esse registro");
     const auto diferencas = classe->Diferencas(a.Registro, b.Registro);
     for (const kx::Diferenca& diferenca : diferencas) {
-      opcoes.Json ? std::cout << JsonDe(diferenca).dump() << '\n' : std::cout << diferenca << '\n';
+      opcoes.Json ? std::cout << JsonDeDiferenca(diferenca) << '\n'
+                  : std::cout << diferenca << '\n';
     }
     const auto vista = [](const kx::Diferenca& diferenca) { return diferenca.Comparado; };
     return std::any_of(diferencas.begin(), diferencas.end(), vista) ? 1 : 0;

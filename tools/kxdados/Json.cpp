@@ -157,12 +157,22 @@ void PoePendentes(Json& objeto, const KXRegistroInfo& info, const char* registro
 
 }  // namespace
 
-Json JsonDeRegistro(const KXRegistroInfo& info, const void* registro) {
+std::string JsonDeRegistro(const KXRegistroInfo& info, const void* registro, int recuo) {
   const auto* bytes = static_cast<const char*>(registro);
   Json objeto{{"_registro", info.Nome}};
   PoeCampos(objeto, info, bytes);
   PoePendentes(objeto, info, bytes);
-  return objeto;
+  return objeto.dump(recuo);
+}
+
+std::string JsonDeDiferenca(const kx::Diferenca& diferenca) {
+  constexpr const char* kTipos[] = {"mudou", "retirado", "acrescentado"};
+  const Json objeto{{"caminho", diferenca.Caminho},
+                    {"tipo", kTipos[static_cast<std::size_t>(diferenca.Tipo)]},
+                    {"antes", diferenca.Antes},
+                    {"depois", diferenca.Depois},
+                    {"comparado", diferenca.Comparado}};
+  return objeto.dump();
 }
 
 }  // namespace kxdados
