@@ -75,8 +75,8 @@ class Objeto {
     return *this;
   }
   bool operator==(const Objeto& outro) const { return _classe->Iguais(*_objeto, *outro); }
-  // The same, when their differences agree: objects are equal exactly when no row says that equality
-  // sees it. What does not agree is thrown (KX_EXIGE).
+  // The same, when their differences agree: objects are equal exactly when no row says that
+  // equality sees it. What does not agree is thrown (KX_EXIGE).
   bool IgualNasDiferencas(const Objeto& outro) const;
 
   Objeto& CopiarDe(const void* registro) {
