@@ -8,4 +8,6 @@ export WINEPREFIX=${WINEPREFIX:-$raiz/build/wine}
 export WINEDEBUG=-all WINEDLLOVERRIDES='winedbg.exe=d;mscoree=d;mshtml=d'
 export LC_ALL=C.UTF-8
 unset DISPLAY
+# A server that outlives each program: one that was just ending would take the next one with it.
+wineserver --persistent=60 >/dev/null 2>&1 || true
 exec timeout --kill-after=5 "${KX_LIMITE_WINE:-120}" wine "$@"

@@ -8,6 +8,7 @@ readonly FONTE
 readonly CASO=$1 LUGAR=$CONSTRUIDO/instalacao
 readonly RAIZ=$LUGAR/raiz
 readonly USR=$RAIZ/usr
+readonly COMANDOS=(compara importa leiaute mostra)
 # Nothing but what the test installs may be found.
 unset LD_LIBRARY_PATH CPATH LIBRARY_PATH CMAKE_PREFIX_PATH PKG_CONFIG_PATH
 
@@ -210,8 +211,8 @@ caso_pacotes_manual() {
   avisos=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings=w -l "$pagina" 2>&1 >/dev/null)
   [[ -z $avisos ]] || falha "$avisos"
   texto=$(LC_ALL=C.UTF-8 man -l "$pagina" | col -bx)
-  ajuda=$(kxdados --help && kxdados importa --help && kxdados leiaute --help)
-  for palavra in importa leiaute $(grep -oE '^ +-[^ ]+' <<<"$ajuda" | tr ',' '\n'); do
+  ajuda=$(for palavra in '' "${COMANDOS[@]}"; do kxdados ${palavra:+"$palavra"} --help; done)
+  for palavra in "${COMANDOS[@]}" $(grep -oE '^ +-[^ ]+' <<<"$ajuda" | tr ',' '\n'); do
     contem "$texto" "^ +(-h, |--help, )*${palavra}( |,|$)" "the manual page lacks $palavra"
   done
 }
@@ -219,7 +220,7 @@ caso_pacotes_manual() {
 caso_pacotes_completacao() {
   # shellcheck source=/dev/null
   . "$USR/share/bash-completion/completions/kxdados"
-  [[ $(completa '') == $'--ajuda\n--help\n--versao\n-h\nimporta\nleiaute' ]] ||
+  [[ $(completa '') == "$(printf '%s\n' --ajuda --help --versao -h "${COMANDOS[@]}")" ]] ||
     falha "commands: $(completa '')"
   [[ $(completa leiaute --t) == --tudo ]] || falha "option: $(completa leiaute --t)"
   [[ $(completa leiaute tagREG_ENTRADA) == tagREG_ENTRADAPS ]] ||
