@@ -7,6 +7,7 @@
 
 #include "bench/Comprime.h"
 #include "bench/OrdemDeMedida.h"
+#include "core/Checksum.h"
 #include "core/Imagem.h"
 
 namespace {
@@ -24,6 +25,45 @@ void ImagemEscreve(benchmark::State& estado) {
     benchmark::DoNotOptimize(imagem.data());
   }
   ContaBytes(estado, imagem);
+}
+
+struct Copia {
+  const char* De;
+  std::size_t Bytes;
+};
+
+// The block, and those that hang from it, in the order of the image.
+void JuntaBlocos(const KXRegistroInfo& info, const char* inicio, std::size_t quantos,
+                 std::vector<Copia>& copias) {
+  copias.push_back({inicio, quantos * info.Tamanho});
+  for (std::size_t i = 0; i < quantos; ++i) {
+    for (const KXCampo& linha : info.Campos) {
+      if (linha.Papel != KXPapel::Lista) continue;
+      const auto filhos = Filhos(info, linha, inicio + i * info.Tamanho);
+      if (!filhos.empty()) JuntaBlocos(*linha.Elemento, filhos[0], filhos.size(), copias);
+    }
+  }
+}
+
+// The blocks alone, from where they are to where they go, known beforehand; with the checksum of
+// what was written, or without.
+template <ChecksumDaImagem checksum>
+void ImagemEscrevePiso(benchmark::State& estado) {
+  Registro registro(Ordem(estado.range(0)));
+  std::vector<Copia> copias;
+  JuntaBlocos(KXMetadados<tagREG_ORDEMPS>::kInfo, registro.Dados(), 1, copias);
+  Bytes imagem(kx::TamanhoDaImagem(registro.Reg));
+  for (auto _ : estado) {
+    std::byte* para = imagem.data() + kx::kCabecalhoDaImagem;
+    for (const auto& [de, bytes] : copias) {
+      std::memcpy(para, de, bytes);
+      para += bytes;
+    }
+    if (checksum == ChecksumDaImagem::Com) {
+      benchmark::DoNotOptimize(kx::CalculaChecksum(imagem.data(), imagem.size()));
+    }
+    benchmark::ClobberMemory();
+  }
 }
 
 // Measured first, and then written into memory of its own.
@@ -92,6 +132,8 @@ void Tamanhos(benchmark::internal::Benchmark* medida) {
 
 BENCHMARK(ImagemEscreve<ChecksumDaImagem::Sem>)->Name("ImagemEscreveSem")->Apply(Tamanhos);
 BENCHMARK(ImagemEscreve<ChecksumDaImagem::Com>)->Name("ImagemEscreve")->Apply(Tamanhos);
+BENCHMARK(ImagemEscrevePiso<ChecksumDaImagem::Sem>)->Name("ImagemEscreveSemPiso")->Apply(Tamanhos);
+BENCHMARK(ImagemEscrevePiso<ChecksumDaImagem::Com>)->Name("ImagemEscrevePiso")->Apply(Tamanhos);
 BENCHMARK(ImagemNova)->Apply(Tamanhos);
 BENCHMARK(ImagemVerifica<ChecksumDaImagem::Sem>)->Name("ImagemVerificaSem")->Apply(Tamanhos);
 BENCHMARK(ImagemAbre<ChecksumDaImagem::Sem>)->Name("ImagemAbreSem")->Apply(Tamanhos);

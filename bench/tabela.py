@@ -87,6 +87,8 @@ def de_imagens():
         sufixo = f", {nome}" if nome else ""
         yield Comparacao(f"order, image written{sufixo}", f"ImagemEscreve{medida}",
                          "to record", "OrdemCopiarParaELibera", metas[0])
+        yield Comparacao(f"order, image written{sufixo}", f"ImagemEscreve{medida}",
+                         "its blocks copied", f"ImagemEscreve{medida}Piso")
         yield Comparacao(f"order, image opened{sufixo}", f"ImagemAbre{medida}",
                          "FlatBuffers, verified only", "FlatbuffersVerifica", metas[1])
     yield Comparacao("order, image opened and read, without checksum", "ImagemAbreECopiarDe",

@@ -40,7 +40,8 @@ inline std::uint32_t Parte(std::uint32_t palavra, std::size_t seguintes) {
 }
 
 interno::Via MelhorVia() noexcept {
-  for (const auto escolhe : {interno::ViaVpclmul, interno::ViaClmul, interno::ViaCRC32}) {
+  for (const auto escolhe :
+       {interno::ViaAvx512, interno::ViaVpclmul, interno::ViaClmul, interno::ViaCRC32}) {
     if (const interno::Via via = escolhe(); via != nullptr) return via;
   }
   return nullptr;

@@ -5,7 +5,7 @@
 // checksum's polynomial that is the sum of two 64-bit products, one per half of A, and the sum can
 // be added to the block that stands there. So 64 bytes at a time are folded into the next 64, the
 // last four blocks into one, and what is left of that is reduced with three products more. Where
-// one instruction multiplies two blocks, 128 bytes at a time come first.
+// one instruction multiplies two blocks, or four, 128 or 256 bytes at a time come first.
 #include "core/ChecksumClmul.h"
 
 #if defined(__x86_64__) && defined(__GNUC__)
@@ -17,6 +17,7 @@
 
 #define KX_CLMUL __attribute__((target("pclmul,ssse3")))
 #define KX_VPCLMUL __attribute__((target("pclmul,ssse3,avx2,vpclmulqdq")))
+#define KX_AVX512 __attribute__((target("pclmul,ssse3,avx2,vpclmulqdq,avx512f")))
 
 namespace kx::interno {
 namespace {
@@ -155,6 +156,48 @@ KX_VPCLMUL std::uint32_t ChecksumVpclmul(const unsigned char* dados, std::size_t
                  dados, n);
 }
 
+KX_AVX512 inline __m512i LeQuatro(const unsigned char* dados) { return _mm512_loadu_si512(dados); }
+
+// GCC 12 warns of its own broadcast that has no mask.
+KX_AVX512 inline __m512i Repete(__m128i bloco) {
+  return _mm512_maskz_broadcast_i32x4(0xFFFF, bloco);
+}
+
+// Dobra, of four blocks.
+KX_AVX512 inline __m512i DobraQuatro(__m512i quatro, __m512i multiplicadores, __m512i proximo) {
+  constexpr int kSoma = 0x96;
+  const __m512i baixa = _mm512_clmulepi64_epi128(quatro, multiplicadores, 0x00);
+  const __m512i alta = _mm512_clmulepi64_epi128(quatro, multiplicadores, 0x11);
+  return _mm512_ternarylogic_epi64(baixa, alta, proximo, kSoma);
+}
+
+KX_AVX512 std::uint32_t ChecksumAvx512(const unsigned char* dados, std::size_t n,
+                                       std::uint32_t anterior) noexcept {
+  if (n < 512) return ChecksumVpclmul(dados, n, anterior);  // the wider loop would not pay
+  const __m128i inicio = _mm_cvtsi32_si128(static_cast<int>(anterior));
+  __m512i a = _mm512_xor_si512(LeQuatro(dados), _mm512_zextsi128_si512(inicio));
+  __m512i b = LeQuatro(dados + 64);
+  __m512i c = LeQuatro(dados + 128);
+  __m512i d = LeQuatro(dados + 192);
+  dados += 256;
+  n -= 256;
+
+  const __m512i por256 = Repete(Multiplicadores<2048>());
+  for (; n >= 256; n -= 256, dados += 256) {
+    a = DobraQuatro(a, por256, LeQuatro(dados));
+    b = DobraQuatro(b, por256, LeQuatro(dados + 64));
+    c = DobraQuatro(c, por256, LeQuatro(dados + 128));
+    d = DobraQuatro(d, por256, LeQuatro(dados + 192));
+  }
+  const __m512i por64 = Repete(Multiplicadores<512>());
+  d = DobraQuatro(DobraQuatro(DobraQuatro(a, por64, b), por64, c), por64, d);
+  std::array<unsigned char, sizeof(d)> blocos;
+  _mm512_storeu_si512(blocos.data(), d);
+  return Termina(
+      {Le(blocos.data()), Le(blocos.data() + 16), Le(blocos.data() + 32), Le(blocos.data() + 48)},
+      dados, n);
+}
+
 }  // namespace
 
 Via ViaClmul() noexcept {
@@ -167,6 +210,12 @@ Via ViaVpclmul() noexcept {
   __builtin_cpu_init();
   const bool tem = __builtin_cpu_supports("vpclmulqdq") != 0 && __builtin_cpu_supports("avx2") != 0;
   return tem && ViaClmul() != nullptr ? &ChecksumVpclmul : nullptr;
+}
+
+Via ViaAvx512() noexcept {
+  __builtin_cpu_init();
+  return ViaVpclmul() != nullptr && __builtin_cpu_supports("avx512f") != 0 ? &ChecksumAvx512
+                                                                           : nullptr;
 }
 
 Via ViaCRC32() noexcept { return nullptr; }
@@ -201,6 +250,7 @@ __attribute__((target("+crc"))) std::uint32_t ChecksumCRC32(const unsigned char*
 
 Via ViaClmul() noexcept { return nullptr; }
 Via ViaVpclmul() noexcept { return nullptr; }
+Via ViaAvx512() noexcept { return nullptr; }
 Via ViaCRC32() noexcept { return plataforma::TemCRC32() ? &ChecksumCRC32 : nullptr; }
 
 }  // namespace kx::interno
@@ -211,6 +261,7 @@ namespace kx::interno {
 
 Via ViaClmul() noexcept { return nullptr; }
 Via ViaVpclmul() noexcept { return nullptr; }
+Via ViaAvx512() noexcept { return nullptr; }
 Via ViaCRC32() noexcept { return nullptr; }
 
 }  // namespace kx::interno

@@ -21,6 +21,9 @@ Via ViaClmul() noexcept;
 // 32 bytes in each; null likewise.
 Via ViaVpclmul() noexcept;
 
+// 64 bytes in each; null likewise.
+Via ViaAvx512() noexcept;
+
 // The instruction that ARM has for this polynomial; null likewise.
 Via ViaCRC32() noexcept;
 

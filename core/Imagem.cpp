@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "core/Checksum.h"
 
@@ -110,6 +111,7 @@ class Percurso {
   }
 
   void Pendente(const KXPendente& pendente, auto* registro) noexcept {
+    if (pendente.Papel == KXPapel::Lista) return Lista(pendente, registro);
     if (pendente.Papel == KXPapel::Zero) {
       if constexpr (Saida::kEscreve) std::memset(registro + pendente.Posicao, 0, pendente.Medida);
       return;
@@ -125,22 +127,29 @@ class Percurso {
         PoeMedida(pendente, registro, medida);
       }
     }
-    if (medida != 0) Bloco(pendente, alvo, medida);
+    if (medida != 0) _saida.Texto(alvo, medida);
     _nome = nome;
   }
 
-  void Bloco(const KXPendente& pendente, const char* alvo, std::size_t medida) noexcept {
-    if (pendente.Papel == KXPapel::Lista) {
-      Registros(*pendente.Elemento, alvo, medida);
-    } else {
-      _saida.Texto(alvo, medida);
+  void Lista(const KXPendente& pendente, auto* registro) noexcept {
+    const void* const alvo = Le<const void*>(registro + pendente.Posicao);
+    const auto quantos = Le<std::uint16_t>(registro + pendente.Medida);
+    if (alvo == nullptr || quantos == 0) {
+      if constexpr (Saida::kEscreve) {
+        Poe(registro + pendente.Posicao, std::uint64_t{0});
+        Poe(registro + pendente.Medida, std::uint16_t{0});
+      }
+      return;
     }
+    if constexpr (Saida::kEscreve) Poe(registro + pendente.Posicao, _saida.Fim());
+    const char* const nome = std::exchange(_nome, pendente.Nome);
+    Registros(*pendente.Elemento, alvo, quantos);
+    _nome = nome;
   }
 
-  // Elements of an array; characters of a text, the terminator included.
+  // Characters of a text, the terminator included.
   static std::size_t Medida(const KXPendente& pendente, std::size_t dita,
                             const char* alvo) noexcept {
-    if (pendente.Papel == KXPapel::Lista) return dita;
     const std::size_t caracteres = strnlen(alvo, Maximo(pendente, dita));
     return caracteres == 0 ? 0 : caracteres + 1;
   }

@@ -71,6 +71,7 @@ TEST_P(Checksum, PedacosEncadeadosValemOInteiro) {
 INSTANTIATE_TEST_SUITE_P(Vias, Checksum,
                          testing::Values(&kx::CalculaChecksum, &kx::CalculaChecksumTabela,
                                          &Por<kx::interno::ViaClmul>, &Por<kx::interno::ViaVpclmul>,
+                                         &Por<kx::interno::ViaAvx512>,
                                          &Por<kx::interno::ViaCRC32>));
 
 }  // namespace
