@@ -1,9 +1,7 @@
 // The commands `mostra` and `compara`, on images as programs write them.
 #include "Execucao.h"
-#include "Json.h"
 #include "core/Imagem.h"
 #include "oc/DadosOC.h"
-#include "tests/apoio/PorClasse.h"
 
 namespace {
 
@@ -69,25 +67,6 @@ TEST_F(ImagensTeste, Compara) {
   EXPECT_EQ(Executa({"compara", a, Escreve("c", "xx")}).Status, 2);
   EXPECT_EQ(Executa({"compara", a, Escreve("d", Bytes(outra) + Bytes(outra))}).Status, 2);
   EXPECT_EQ(Executa({"compara", a}).Status, 2);
-}
-
-// Whatever a field holds, at its ends and in the middle, stands in the text in some form.
-KX_POR_CLASSE(JsonDeTodas, apoio::ClassesDeRegistro());
-
-TEST_P(JsonDeTodas, NenhumByteSePerde) {
-  const apoio::Registro aleatorio(Info(), 3);
-  std::vector<unsigned char> registro(aleatorio.Bytes(), aleatorio.Bytes() + Info().Tamanho);
-  const auto texto = [&] { return kxdados::JsonDeRegistro(Info(), registro.data()); };
-  const std::string antes = texto();
-  for (const KXCampo& campo : Info().Campos) {
-    if (campo.Papel > KXPapel::Reserva) continue;
-    for (const int i : {0, campo.Largura / 2, campo.Largura - 1}) {
-      unsigned char& byte = registro[campo.Posicao + static_cast<std::size_t>(i)];
-      byte ^= 1;
-      EXPECT_NE(texto(), antes) << campo.Nome << " + " << i;
-      byte ^= 1;
-    }
-  }
 }
 
 }  // namespace

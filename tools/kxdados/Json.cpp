@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "FormasJson.h"
 #include "core/Descreve.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Datas.h"
@@ -16,8 +17,6 @@ namespace kxdados {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-constexpr std::string_view kHex = "hex:";
 
 template <class T>
 T Le(const char* bytes) {
@@ -62,17 +61,19 @@ Json Texto(const char* bytes, std::size_t largura) {
   return kx::UTF8DeLatin1(texto);
 }
 
-Json Chave(const REG_KXDMC& chave) {
-  if (!kx::DataValida(chave.Data)) return {};
-  return {{"Data", ISO(chave.Data)}, {"Contador", chave.Contador}};
-}
+Json Valor(KXTipoCampo tipo, const char* bytes, std::size_t largura);
 
-Json Posicao(const _REG_POSICAO_PRODUTOPS& posicao) {
-  if (!Zeros(std::begin(posicao.Reserva), std::end(posicao.Reserva))) return {};
-  return {{"PonteiroProduto", posicao.PonteiroProduto},
-          {"PonteiroItemGrade1", posicao.PonteiroItemGrade1},
-          {"PonteiroItemGrade2", posicao.PonteiroItemGrade2},
-          {"PonteiroItemGrade3", posicao.PonteiroItemGrade3}};
+// All members, when each has its form and nothing stands behind them.
+Json Objeto(std::span<const KXCampo> membros, const char* bytes, std::size_t largura) {
+  const KXCampo& ultimo = membros.back();
+  if (!Zeros(bytes + ultimo.Posicao + ultimo.Largura, bytes + largura)) return {};
+  Json objeto = Json::object();
+  for (const KXCampo& membro : membros) {
+    Json& valor = objeto[membro.Nome];
+    valor = Valor(membro.Tipo, bytes + membro.Posicao, membro.Largura);
+    if (valor.is_null()) return {};
+  }
+  return objeto;
 }
 
 // Null where the type has no form for these bytes.
@@ -95,36 +96,24 @@ Json Valor(KXTipoCampo tipo, const char* bytes, std::size_t largura) {
       return ISO(dataHora);
     }
     case KXTipoCampo::ChaveDocumento:
-      return Chave(Le<REG_KXDMC>(bytes));
+    case KXTipoCampo::PosicaoProduto:
+      return Objeto(MembrosDe(tipo), bytes, largura);
     case KXTipoCampo::ChaveNFe: {
       const std::string texto = kx::TextoDeChave(Le<_KX_NFE_ps>(bytes));
       return texto.empty() ? Json() : Json(texto);
     }
-    case KXTipoCampo::PosicaoProduto:
-      return Posicao(Le<_REG_POSICAO_PRODUTOPS>(bytes));
-    case KXTipoCampo::SemSinal8:
-    case KXTipoCampo::Caractere:
-      return Le<std::uint8_t>(bytes);
-    case KXTipoCampo::SemSinal16:
-      return Le<std::uint16_t>(bytes);
-    case KXTipoCampo::SemSinal32:
-      return Le<std::uint32_t>(bytes);
-    case KXTipoCampo::ComSinal32:
-      return Le<std::int32_t>(bytes);
-    case KXTipoCampo::SemSinal64:
-    case KXTipoCampo::ComSinal64:
-      return kx::TextoDoValor(tipo, bytes, largura);
-    case KXTipoCampo::Bytes:
-    case KXTipoCampo::Contado:
-    case KXTipoCampo::Ponteiro:
-      break;
+    default: {
+      Json valor;
+      ComInteiro(tipo, [&]<class T>(T /*tipo*/) {
+        if constexpr (kEntreAspas<T>) {
+          valor = std::to_string(Le<T>(bytes));
+        } else {
+          valor = Le<T>(bytes);
+        }
+      });
+      return valor;
+    }
   }
-  return {};
-}
-
-// What is no pointer, no measure of what hangs from one, and no part of a field above.
-bool EhValor(KXPapel papel) {
-  return papel == KXPapel::Campo || papel == KXPapel::Interno || papel == KXPapel::Reserva;
 }
 
 void PoeCampos(Json& objeto, const KXRegistroInfo& info, const char* registro) {
@@ -159,7 +148,7 @@ void PoePendentes(Json& objeto, const KXRegistroInfo& info, const char* registro
 
 std::string JsonDeRegistro(const KXRegistroInfo& info, const void* registro, int recuo) {
   const auto* bytes = static_cast<const char*>(registro);
-  Json objeto{{"_registro", info.Nome}};
+  Json objeto{{kRegistro, info.Nome}};
   PoeCampos(objeto, info, bytes);
   PoePendentes(objeto, info, bytes);
   return objeto.dump(recuo);
