@@ -19,7 +19,7 @@ import sys
 from typing import NamedTuple
 
 PACOTES = ["libbenchmark-dev", "zlib1g-dev", "libdeflate-dev", "libzstd-dev", "libprotobuf-dev",
-           "libflatbuffers-dev", "libcapnp-dev", "libcereal-dev"]
+           "libflatbuffers-dev", "libcapnp-dev", "libcereal-dev", "nlohmann-json3-dev"]
 INSTRUCOES = ["pclmulqdq", "avx2", "vpclmulqdq", "avx512f"]
 PARES = {"Protobuf": "protobuf", "Flatbuffers": "FlatBuffers", "Capnp": "Cap'n Proto",
          "Cereal": "cereal"}
@@ -71,6 +71,10 @@ def com_pares():
         yield Comparacao("order, size", "OrdemCopiarParaELibera", contra, f"{par}Codifica",
                          grandeza="bytes")
     yield from de_imagens()
+    yield Comparacao("order, written as JSON", "JsonEscreve", "nlohmann-json's dump alone",
+                     "JsonEscreveNlohmann", 2.0)
+    yield Comparacao("order, read from JSON", "JsonLe", "nlohmann-json's parse alone",
+                     "JsonLeNlohmann", 2.0)
     yield Comparacao("order, equal in content (Igual)", "OrdemIgualNoConteudo", "operator==",
                      "OrdemIgualdade", 3.0)
     yield Comparacao("order, EstaVazio of an empty one", "OrdemEstaVazia", "memcmp",

@@ -126,6 +126,7 @@ TEST(JsonLidoTeste, RecusaOMembro) {
   }() + "]";
   for (const Recusa& recusa : std::vector<Recusa>{
            {R"("Nada":1)", "Nada", "existe"},
+           {R"("":1)", "\"\"", "existe"},
            {R"("QtdItem":1)", "QtdItem", "existe"},
            {R"("Codigo":"a","Codigo":"a")", "Codigo", "repetido"},
            {R"("ValorFrete":1234.5)", "ValorFrete", "aspas"},

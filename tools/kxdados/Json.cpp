@@ -1,15 +1,17 @@
 #include "Json.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "FormasJson.h"
 #include "core/Descreve.h"
+#include "core/Igualdade.h"
 #include "kxldados/ChaveNFe.h"
 #include "kxldados/Datas.h"
-#include "kxldados/Dinheiro.h"
 #include "kxldados/Latin1.h"
 
 namespace kxdados {
@@ -25,121 +27,170 @@ T Le(const char* bytes) {
   return valor;
 }
 
-template <class Byte>
-bool Zeros(const Byte* de, const Byte* ate) {
-  return std::all_of(de, ate, [](Byte c) { return c == 0; });
+void PoeNumero(std::string& saida, auto valor) {
+  char texto[24];
+  saida.append(texto, std::to_chars(texto, std::end(texto), valor).ptr);
 }
 
-Json Hex(const char* bytes, std::size_t largura) {
-  return std::string(kHex) + kx::TextoDoValor(KXTipoCampo::Bytes, bytes, largura);
+// With zeros before it, up to so many digits.
+void PoeAlgarismos(std::string& saida, unsigned valor, unsigned quantos) {
+  if (quantos > 1) PoeAlgarismos(saida, valor / 10, quantos - 1);
+  saida += static_cast<char>('0' + valor % 10);
 }
 
-std::string ISO(const REG_KXDMA& data) {
-  char texto[16];
-  std::snprintf(texto, sizeof(texto), "%04u-%02u-%02u", unsigned{data.Ano}, unsigned{data.Mes},
-                unsigned{data.Dia});
-  return texto;
+void PoeData(std::string& saida, const REG_KXDMA& data) {
+  PoeAlgarismos(saida, data.Ano, 4);
+  PoeAlgarismos(saida += '-', data.Mes, 2);
+  PoeAlgarismos(saida += '-', data.Dia, 2);
 }
 
-std::string ISO(const REG_KXDMAHMSUTC& dataHora) {
-  return ISO(dataHora.Data) + "T" + kx::TextoDeHora(dataHora.Hora) + "Z";
+void PoeHora(std::string& saida, const REG_KXHMS& hora) {
+  PoeAlgarismos(saida, hora.Hora, 2);
+  PoeAlgarismos(saida += ':', hora.Minuto, 2);
+  PoeAlgarismos(saida += ':', hora.Segundo, 2);
 }
 
 // Decimals behind a point, two or more.
-std::string Decimal(const CY& valor) {
-  std::string texto = kx::TextoDeDinheiro(valor);
-  std::erase(texto, '.');
-  std::replace(texto.begin(), texto.end(), ',', '.');
-  return texto;
+void PoeDinheiro(std::string& saida, const CY& valor) {
+  constexpr unsigned kEscala = 10'000;
+  const auto bits = static_cast<std::uint64_t>(valor.int64);
+  const std::uint64_t modulo = valor.int64 < 0 ? 0 - bits : bits;
+  if (valor.int64 < 0) saida += '-';
+  PoeNumero(saida, modulo / kEscala);
+  saida += '.';
+  PoeAlgarismos(saida, static_cast<unsigned>(modulo % kEscala), 4);
+  for (int i = 0; i < 2 && saida.back() == '0'; ++i) saida.pop_back();
 }
 
-// A text that ends where the bytes do, or before zeros; null when it is no such text.
-Json Texto(const char* bytes, std::size_t largura) {
-  const char* const fim = std::find(bytes, bytes + largura, '\0');
-  const std::string_view texto(bytes, static_cast<std::size_t>(fim - bytes));
-  if (fim == bytes + largura || !Zeros(fim, bytes + largura) || texto.starts_with(kHex)) return {};
-  return kx::UTF8DeLatin1(texto);
+// With its quotes.
+void PoeTexto(std::string& saida, std::string_view latin1) {
+  const auto simples = [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; };
+  if (std::all_of(latin1.begin(), latin1.end(), simples)) {
+    ((saida += '"') += latin1) += '"';
+  } else {
+    saida += Json(kx::UTF8DeLatin1(latin1)).dump();
+  }
 }
 
-Json Valor(KXTipoCampo tipo, const char* bytes, std::size_t largura);
+void PoeNome(std::string& saida, std::string_view nome) {
+  if (saida.back() != '{') saida += ',';
+  ((saida += '"') += nome) += "\":";
+}
+
+void PoeHex(std::string& saida, const char* bytes, std::size_t largura) {
+  ((saida += '"') += kHex) += kx::TextoDoValor(KXTipoCampo::Bytes, bytes, largura);
+  saida += '"';
+}
+
+// Those below give false, and may have written something, where the type has no form for the bytes.
+bool PoeForma(std::string& saida, KXTipoCampo tipo, const char* bytes, std::size_t largura);
+
+// A text that ends before zeros.
+bool PoeTextoFixo(std::string& saida, const char* bytes, std::size_t largura) {
+  const std::string_view texto(bytes, strnlen(bytes, largura));
+  if (texto.size() == largura || texto.starts_with(kHex) ||
+      !kx::TudoZero(texto.end(), largura - texto.size())) {
+    return false;
+  }
+  PoeTexto(saida, texto);
+  return true;
+}
 
 // All members, when each has its form and nothing stands behind them.
-Json Objeto(std::span<const KXCampo> membros, const char* bytes, std::size_t largura) {
-  const KXCampo& ultimo = membros.back();
-  if (!Zeros(bytes + ultimo.Posicao + ultimo.Largura, bytes + largura)) return {};
-  Json objeto = Json::object();
+bool PoeObjeto(std::string& saida, std::span<const KXCampo> membros, const char* bytes,
+               std::size_t largura) {
+  const std::size_t fim = std::size_t{membros.back().Posicao} + membros.back().Largura;
+  if (!kx::TudoZero(bytes + fim, largura - fim)) return false;
+  saida += '{';
   for (const KXCampo& membro : membros) {
-    Json& valor = objeto[membro.Nome];
-    valor = Valor(membro.Tipo, bytes + membro.Posicao, membro.Largura);
-    if (valor.is_null()) return {};
+    PoeNome(saida, membro.Nome);
+    if (!PoeForma(saida, membro.Tipo, bytes + membro.Posicao, membro.Largura)) return false;
   }
-  return objeto;
+  saida += '}';
+  return true;
 }
 
-// Null where the type has no form for these bytes.
-Json Valor(KXTipoCampo tipo, const char* bytes, std::size_t largura) {
+bool PoeDataHora(std::string& saida, const REG_KXDMAHMSUTC& dataHora) {
+  if (!kx::DataHoraValida(dataHora) || dataHora.Hora.Reserva != 0) return false;
+  PoeData(saida += '"', dataHora.Data);
+  PoeHora(saida += 'T', dataHora.Hora);
+  saida += "Z\"";
+  return true;
+}
+
+bool PoeInteiro(std::string& saida, KXTipoCampo tipo, const char* bytes) {
+  return ComInteiro(tipo, [&]<class T>(T /*tipo*/) {
+    if (kEntreAspas<T>) saida += '"';
+    PoeNumero(saida, Le<T>(bytes));
+    if (kEntreAspas<T>) saida += '"';
+  });
+}
+
+bool PoeForma(std::string& saida, KXTipoCampo tipo, const char* bytes, std::size_t largura) {
   switch (tipo) {
     case KXTipoCampo::Texto:
     case KXTipoCampo::Historico:
-      return Texto(bytes, largura);
+      return PoeTextoFixo(saida, bytes, largura);
     case KXTipoCampo::Dinheiro:
-      return Decimal(Le<CY>(bytes));
+      PoeDinheiro(saida += '"', Le<CY>(bytes));
+      saida += '"';
+      return true;
     case KXTipoCampo::Data:
     case KXTipoCampo::DataHora32: {
       const auto data = Le<REG_KXDMA>(bytes);
-      if (!kx::DataValida(data) || !Zeros(bytes + sizeof(data), bytes + largura)) return {};
-      return ISO(data);
+      if (!kx::DataValida(data)) return false;
+      if (!kx::TudoZero(bytes + sizeof(data), largura - sizeof(data))) return false;
+      PoeData(saida += '"', data);
+      saida += '"';
+      return true;
     }
-    case KXTipoCampo::DataHora: {
-      const auto dataHora = Le<REG_KXDMAHMSUTC>(bytes);
-      if (!kx::DataHoraValida(dataHora) || bytes[largura - 1] != 0) return {};
-      return ISO(dataHora);
-    }
+    case KXTipoCampo::DataHora:
+      return PoeDataHora(saida, Le<REG_KXDMAHMSUTC>(bytes));
     case KXTipoCampo::ChaveDocumento:
     case KXTipoCampo::PosicaoProduto:
-      return Objeto(MembrosDe(tipo), bytes, largura);
+      return PoeObjeto(saida, MembrosDe(tipo), bytes, largura);
     case KXTipoCampo::ChaveNFe: {
-      const std::string texto = kx::TextoDeChave(Le<_KX_NFE_ps>(bytes));
-      return texto.empty() ? Json() : Json(texto);
+      const std::string chave = kx::TextoDeChave(Le<_KX_NFE_ps>(bytes));
+      PoeTexto(saida, chave);
+      return !chave.empty();
     }
-    default: {
-      Json valor;
-      ComInteiro(tipo, [&]<class T>(T /*tipo*/) {
-        if constexpr (kEntreAspas<T>) {
-          valor = std::to_string(Le<T>(bytes));
-        } else {
-          valor = Le<T>(bytes);
-        }
-      });
-      return valor;
-    }
+    default:
+      return PoeInteiro(saida, tipo, bytes);
   }
 }
 
-void PoeCampos(Json& objeto, const KXRegistroInfo& info, const char* registro) {
+void PoeMembros(std::string& saida, const KXRegistroInfo& info, const char* registro);
+
+void PoeLista(std::string& saida, const KXRegistroInfo& info, const char* elemento,
+              std::size_t quantos) {
+  saida += '[';
+  for (std::size_t i = 0; i < quantos; ++i, elemento += info.Tamanho) {
+    saida += i == 0 ? "{" : ",{";
+    PoeMembros(saida, info, elemento);
+    saida += '}';
+  }
+  saida += ']';
+}
+
+void PoeMembros(std::string& saida, const KXRegistroInfo& info, const char* registro) {
   for (const KXCampo& campo : info.Campos) {
     const char* const bytes = registro + campo.Posicao;
-    if (!EhValor(campo.Papel) || Zeros(bytes, bytes + campo.Largura)) continue;
-    Json valor = Valor(campo.Tipo, bytes, campo.Largura);
-    objeto[campo.Nome] = valor.is_null() ? Hex(bytes, campo.Largura) : std::move(valor);
+    if (!EhValor(campo.Papel) || kx::TudoZero(bytes, campo.Largura)) continue;
+    PoeNome(saida, campo.Nome);
+    const std::size_t inicio = saida.size();
+    if (PoeForma(saida, campo.Tipo, bytes, campo.Largura)) continue;
+    saida.resize(inicio);
+    PoeHex(saida, bytes, campo.Largura);
   }
-}
-
-void PoePendentes(Json& objeto, const KXRegistroInfo& info, const char* registro) {
   for (const KXPendente& pendente : info.Pendentes) {
     if (pendente.Papel == KXPapel::Zero) continue;
     const auto* alvo = Le<const char*>(registro + pendente.Posicao);
     if (alvo == nullptr) continue;
-    if (pendente.Papel != KXPapel::Lista) {
-      objeto[pendente.Nome] = kx::UTF8DeLatin1(std::string_view(alvo));
-      continue;
-    }
-    Json& lista = objeto[pendente.Nome] = Json::array();
-    const auto quantos = Le<std::uint16_t>(registro + pendente.Medida);
-    for (std::size_t i = 0; i < quantos; ++i, alvo += pendente.Elemento->Tamanho) {
-      Json& elemento = lista.emplace_back(Json::object());
-      PoeCampos(elemento, *pendente.Elemento, alvo);
-      PoePendentes(elemento, *pendente.Elemento, alvo);
+    PoeNome(saida, pendente.Nome);
+    if (pendente.Papel == KXPapel::Lista) {
+      PoeLista(saida, *pendente.Elemento, alvo, Le<std::uint16_t>(registro + pendente.Medida));
+    } else {
+      PoeTexto(saida, alvo);
     }
   }
 }
@@ -147,11 +198,12 @@ void PoePendentes(Json& objeto, const KXRegistroInfo& info, const char* registro
 }  // namespace
 
 std::string JsonDeRegistro(const KXRegistroInfo& info, const void* registro, int recuo) {
-  const auto* bytes = static_cast<const char*>(registro);
-  Json objeto{{kRegistro, info.Nome}};
-  PoeCampos(objeto, info, bytes);
-  PoePendentes(objeto, info, bytes);
-  return objeto.dump(recuo);
+  std::string linha = "{";
+  PoeNome(linha, kRegistro);
+  PoeTexto(linha, info.Nome);
+  PoeMembros(linha, info, static_cast<const char*>(registro));
+  linha += '}';
+  return recuo < 0 ? linha : Json::parse(linha).dump(recuo);
 }
 
 std::string JsonDeDiferenca(const kx::Diferenca& diferenca) {

@@ -279,7 +279,8 @@ class Leitor {
     }
     const std::size_t achado = quadro.Membros->Procura(nome, quadro.Proximo);
     if (achado == quadro.Membros->Lista.size()) {
-      throw Falha(Caminho(Visivel(nome)), "não existe no registro");
+      throw Falha(Caminho(nome.empty() ? EntreAspas(nome) : Visivel(nome)),
+                  "não existe no registro");
     }
     quadro.Atual = achado;
     quadro.Proximo = achado + 1;
