@@ -163,6 +163,11 @@ TEST(JsonLidoTeste, RecusaOMembro) {
     ExigeRecusa({LinhaDe(recusa.Linha), recusa.Caminho, recusa.Motivo});
   }
   ExigeRecusa({R"({"_registro":"tagREG_ENTRADAPS","NSU":"18446744073709551616"})", "NSU", "faixa"});
+  const std::string conta = R"({"_registro":"tagREG_CM_LE_LISTA_AC_CMSAUTPS",)";
+  ExigeRecusa({conta + R"("ListaAC":[{}],"QtdAC":65535})", "QtdAC", "elementos"});
+  ExigeRecusa({conta + R"("QtdAC":"hex:02000000","ListaAC":[{}]})", "QtdAC", "elementos"});
+  EXPECT_NO_THROW(RegistroDeJson(conta + R"("QtdAC":1,"ListaAC":[{}]})"));
+  ExigeRecusa({conta + R"("QtdAC":1})", "QtdAC", "elementos"});
   ExigeRecusa({R"({"_registro":"tagREG_ENTRADAPS","NSU":1})", "NSU", "aspas"});
   ExigeRecusa({R"({"_registro":"tagREG_ENTRADAPS","RegNFe":"1"})", "RegNFe", "44"});
 }

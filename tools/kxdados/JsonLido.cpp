@@ -1,6 +1,7 @@
 #include "JsonLido.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
 #include <deque>
@@ -51,6 +52,7 @@ struct Nome {
   std::uint16_t Largura;
   const KXPendente* Pendente;  // null of a value
   const Nomes* Dentro;         // of the elements of a list, of the members of an object
+  bool Conta = false;          // it is the count of a list too
 };
 
 // All of them, in the order in which they are written.
@@ -88,6 +90,12 @@ const Nomes* Dentro(KXTipoCampo tipo) {
 
 using NomesPorRegistro = std::unordered_map<const KXRegistroInfo*, Nomes>;
 
+bool EhConta(const KXRegistroInfo& info, const KXCampo& campo) {
+  return std::any_of(info.Pendentes.begin(), info.Pendentes.end(), [&](const KXPendente& pendente) {
+    return pendente.Papel == KXPapel::Lista && pendente.Medida == campo.Posicao;
+  });
+}
+
 const Nomes& Acrescenta(NomesPorRegistro& todos, const KXRegistroInfo& info) {
   const auto [lugar, novo] = todos.try_emplace(&info);
   Nomes& nomes = lugar->second;  // stays where it is
@@ -95,8 +103,8 @@ const Nomes& Acrescenta(NomesPorRegistro& todos, const KXRegistroInfo& info) {
   nomes.Tamanho = info.Tamanho;
   for (const KXCampo& campo : info.Campos) {
     if (!EhValor(campo.Papel)) continue;
-    nomes.Acrescenta(
-        {campo.Nome, campo.Tipo, campo.Posicao, campo.Largura, nullptr, Dentro(campo.Tipo)});
+    nomes.Acrescenta({campo.Nome, campo.Tipo, campo.Posicao, campo.Largura, nullptr,
+                      Dentro(campo.Tipo), EhConta(info, campo)});
   }
   for (const KXPendente& pendente : info.Pendentes) {
     if (pendente.Papel == KXPapel::Zero) continue;
@@ -266,6 +274,15 @@ class Leitor {
     return true;
   }
   bool end_object() {
+    Quadro& quadro = Topo();
+    for (const auto& [lugar, dita] : quadro.Ditas) {
+      quadro.Atual = lugar;
+      char* const conta = quadro.Base + Atual().Posicao;
+      if (std::memcmp(conta, dita.data(), sizeof(std::uint16_t)) != 0) {
+        Recusa("não é o número de elementos da lista");
+      }
+      std::memcpy(conta, dita.data(), Atual().Largura);
+    }
     --_fundo;
     return true;
   }
@@ -286,6 +303,7 @@ class Leitor {
     quadro.Proximo = achado + 1;
     if (quadro.Vistos[achado]) Recusa("está repetido");
     quadro.Vistos[achado] = true;
+    if (Atual().Conta) quadro.Ditas.emplace_back(achado, Dita{});
     return true;
   }
 
@@ -312,6 +330,9 @@ class Leitor {
   }
 
  private:
+  // What a document says of a field that is the count of a list too, which may be wider than that.
+  using Dita = std::array<char, sizeof(std::uint64_t)>;
+
   // An object that is being read, and its list that is.
   struct Quadro {
     const Nomes* Membros = nullptr;
@@ -319,6 +340,7 @@ class Leitor {
     std::size_t Proximo = 0;
     std::size_t Atual = 0;
     std::vector<bool> Vistos;
+    std::vector<std::pair<std::size_t, Dita>> Ditas;  // compared at the end
     bool EmLista = false;
     std::size_t Quantos = 0;
     std::vector<char> Elementos;
@@ -333,7 +355,11 @@ class Leitor {
   const Quadro& Topo() const { return _quadros[_fundo - 1]; }
   bool EmLista() const { return Topo().EmLista; }
   const Nome& Atual() const { return Topo().Membros->Lista[Topo().Atual]; }
-  char* Onde() { return Topo().Base + Atual().Posicao; }
+  // Of the value. A count is the list's own to set: more than there are would be read.
+  char* Onde() {
+    if (Atual().Conta) return Topo().Ditas.back().second.data();
+    return Topo().Base + Atual().Posicao;
+  }
 
   void Abre(const Nomes& membros, char* base) {
     if (_fundo == _quadros.size()) _quadros.emplace_back();
@@ -342,6 +368,7 @@ class Leitor {
     quadro.Base = base;
     quadro.Proximo = 0;
     quadro.Vistos.assign(membros.Lista.size(), false);
+    quadro.Ditas.clear();
   }
 
   char* Aloca(std::size_t bytes) { return static_cast<char*>(_memoria->allocate(bytes)); }
