@@ -65,7 +65,6 @@ TEST_F(ImagensTeste, Compara) {
             "\"depois\":\"2,00\",\"comparado\":true}\n");
   EXPECT_EQ(Executa({"compara", a, a}).Status, 0);
   EXPECT_EQ(Executa({"compara", a, Escreve("c", "xx")}).Status, 2);
-  EXPECT_EQ(Executa({"compara", a, Escreve("d", Bytes(outra) + Bytes(outra))}).Status, 2);
   EXPECT_EQ(Executa({"compara", a}).Status, 2);
 }
 

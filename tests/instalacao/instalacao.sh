@@ -8,7 +8,7 @@ readonly FONTE
 readonly CASO=$1 LUGAR=$CONSTRUIDO/instalacao
 readonly RAIZ=$LUGAR/raiz
 readonly USR=$RAIZ/usr
-readonly COMANDOS=(compara importa leiaute mostra)
+readonly COMANDOS=(compara confere grava importa leiaute mostra)
 # Nothing but what the test installs may be found.
 unset LD_LIBRARY_PATH CPATH LIBRARY_PATH CMAKE_PREFIX_PATH PKG_CONFIG_PATH
 
@@ -157,7 +157,7 @@ caso_pacotes_remocao() {
 }
 
 caso_pacotes_campos() {
-  local biblioteca desenvolvimento ferramenta
+  local biblioteca desenvolvimento ferramenta palavra
   biblioteca=$(dpkg-deb -f "$CONSTRUIDO"/libkxldadoscm[0-9]_*.deb Depends)
   desenvolvimento=$(dpkg-deb -f "$CONSTRUIDO"/libkxldadoscm-dev_*.deb Depends)
   ferramenta=$(dpkg-deb -f "$CONSTRUIDO"/kxdados_*.deb Depends)
@@ -166,7 +166,9 @@ caso_pacotes_campos() {
     "the library depends on more than the standard library"
   contem "$desenvolvimento" 'libkxldadoscm[0-9] \(= ' "-dev does not name its library's version"
   contem "$ferramenta" 'libkxldadoscm[0-9] \(= ' "kxdados does not name its library's version"
-  contem "$ferramenta" 'libpugixml1' "kxdados does not name its XML parser"
+  for palavra in libpugixml1 libsqlite3-0 libzstd1; do
+    contem "$ferramenta" "$palavra" "kxdados does not name $palavra"
+  done
   contem "$(dpkg-deb -I "$CONSTRUIDO"/libkxldadoscm[0-9]_*.deb triggers)" ldconfig \
     "the loader's cache is not renewed"
 }

@@ -7,7 +7,7 @@
 
 namespace kxdados {
 
-// What is wrong (what(), in Portuguese, UTF-8) and where.
+// What is wrong (what(), in Portuguese, UTF-8) and where, which is empty when it is all of it.
 class Falha : public std::runtime_error {
  public:
   Falha(std::string elemento, const std::string& motivo)

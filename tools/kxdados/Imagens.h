@@ -1,22 +1,28 @@
-// The commands `mostra` and `compara`: records in files, as core/Imagem.h writes them.
+// Images (core/Imagem.h) of records that are known by their name alone.
 #pragma once
 
+#include <cstddef>
+#include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "Fonte.h"
+#include "core/Imagem.h"
+
 namespace kxdados {
 
-struct OpcoesImagens {
-  std::vector<std::string> Caminhos;  // files, "-"; none: standard input
-  bool Json = false;
-};
+// The layout of a record, computed once.
+const kx::LeiauteDeImagem& LeiauteDe(const KXRegistroInfo& info);
 
-// Shows each image of each file, of which there may be several one behind the other. Returns the
-// exit status: 1 when one of them could not be shown; the others are.
-int Mostra(const OpcoesImagens& opcoes);
+// Opens an image in place; the record lives in its bytes. Its checksum is looked at if it says that
+// it carries one, or must be there. Throws Falha.
+Lido AbreLido(std::span<std::byte> bytes, bool exigeChecksum);
 
-// Tells what is different in the image of the second of two files. Returns 0 when the objects are
-// equal, 1 when they are not, 2 when they cannot be compared.
-int Compara(const OpcoesImagens& opcoes);
+// The image of a record, with its checksum.
+std::vector<std::byte> ImagemDe(const Lido& lido);
+
+// The images of a file, one behind the other; "-" is the standard input. Throws Falha.
+std::unique_ptr<Fonte> AbreImagens(const std::string& caminho, const Filtro& filtro);
 
 }  // namespace kxdados

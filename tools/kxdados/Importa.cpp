@@ -7,6 +7,7 @@
 #include <iostream>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -14,8 +15,10 @@
 #include "Arquivo.h"
 #include "ImportaCTe.h"
 #include "ImportaNFe.h"
+#include "Progresso.h"
 #include "Relatorio.h"
 #include "Sistema.h"
+#include "core/RegistroDe.h"
 
 namespace kxdados {
 
@@ -113,26 +116,49 @@ std::vector<pugi::xml_node> DocumentosDoArquivo(const pugi::xml_document& arquiv
 
 class Importacao {
  public:
-  explicit Importacao(const OpcoesImporta& opcoes) : _opcoes(opcoes) {}
+  explicit Importacao(const OpcoesImporta& opcoes) : _opcoes(opcoes) {
+    if (!opcoes.Grava.Acervo.empty()) _destino.emplace(opcoes.Grava);
+  }
 
+  // What is left when the archive fails or the user asks to end is not done.
   int Executa() {
-    if (_opcoes.Caminhos.empty()) Arquivo("-");
-    for (const std::string& caminho : _opcoes.Caminhos) {
-      std::error_code ignorado;
-      if (fs::is_directory(Caminho(caminho), ignorado)) {
-        Pasta(caminho);
-      } else {
-        Arquivo(caminho);
+    if (_opcoes.Caminhos.empty()) _arquivos.push_back({"-", false});
+    for (const std::string& caminho : _opcoes.Caminhos) Junta(caminho);
+    std::optional<Interrupcao> interrupcao;
+    if (_destino) interrupcao.emplace();
+    try {
+      Progresso progresso(static_cast<std::int64_t>(_arquivos.size()));
+      for (const auto& [caminho, daPasta] : _arquivos) {
+        if (Interrupcao::Pedida()) break;
+        daPasta ? ArquivoDaPasta(caminho) : Arquivo(caminho);
+        progresso.Avanca();
       }
+    } catch (const FalhaDoBanco& falha) {
+      _destino->Falhou(falha);
+      return 1;
     }
-    return _falhou ? 1 : 0;
+    if (_destino && !_destino->Conclui()) _falhou = true;
+    return _falhou || Interrupcao::Pedida() ? 1 : 0;
   }
 
  private:
+  struct AImportar {
+    std::string Caminho;
+    bool DaPasta;
+  };
+
   void Erro(const std::string& origem, const Falha& falha) {
-    std::cout.flush();
-    std::cerr << origem << ": " << falha.Elemento() << ": " << falha.what() << '\n';
+    EscreveErro(origem, falha);
     _falhou = true;
+  }
+
+  void Junta(const std::string& caminho) {
+    std::error_code ignorado;
+    if (fs::is_directory(Caminho(caminho), ignorado)) {
+      Pasta(caminho);
+    } else {
+      _arquivos.push_back({caminho, false});
+    }
   }
 
   void Pasta(const std::string& pasta) {
@@ -149,7 +175,7 @@ class Importacao {
     if (erro) return Erro(pasta, Falha("pasta", "não pode ser lida"));
     if (arquivos.empty()) return Erro(pasta, Falha("pasta", "não há nela nenhum arquivo .xml"));
     std::sort(arquivos.begin(), arquivos.end());
-    for (const std::string& arquivo : arquivos) ArquivoDaPasta(arquivo);
+    for (std::string& arquivo : arquivos) _arquivos.push_back({std::move(arquivo), true});
   }
 
   // Nobody asked by name for a pipe or a device, which may never end.
@@ -163,10 +189,12 @@ class Importacao {
   }
 
   void Arquivo(const std::string& caminho) {
-    const std::string origem = caminho == "-" ? kEntradaPadrao : caminho;
+    const std::string origem = NomeDe(caminho);
     try {
       pugi::xml_document documento;
-      AbreXML(LeArquivo(caminho, _opcoes.MaximoMiB, " (--maximo admite mais)"), documento);
+      const std::string bytes = LeArquivo(caminho, _opcoes.MaximoMiB, " (--maximo admite mais)");
+      if (Interrupcao::Pedida()) return;  // who knows whether that was all
+      AbreXML(bytes, documento);
       const auto documentos = DocumentosDoArquivo(documento);
       for (std::size_t i = 0; i < documentos.size(); ++i) {
         const bool nota = NomeLocal(documentos[i]) == "NFe";
@@ -184,7 +212,7 @@ class Importacao {
   void ImportaNota(const std::string& origem, pugi::xml_node nfe) try {
     Nota nota = ImportaNFe(nfe);
     for (const auto& [opcao, valor] : _opcoes.Chaves) opcao->PoeNaEntrada(nota.Entrada, valor);
-    Relata(origem, nota, nota.Entrada);
+    Conta(origem, nota, nota.Entrada);
   } catch (const Falha& falha) {
     Erro(origem, falha);
   }
@@ -194,9 +222,21 @@ class Importacao {
     for (const auto& [opcao, valor] : _opcoes.Chaves) {
       if (opcao->PoeNoConhecimento != nullptr) opcao->PoeNoConhecimento(conhecimento.Objeto, valor);
     }
-    Relata(origem, conhecimento, conhecimento.Objeto);
+    Conta(origem, conhecimento, conhecimento.Objeto);
   } catch (const Falha& falha) {
     Erro(origem, falha);
+  }
+
+  void Conta(const std::string& origem, const auto& documento, const auto& objeto) {
+    _destino ? Arquiva(origem, objeto) : Relata(origem, documento, objeto);
+    for (const Falha& falha : documento.Chaves) Erro(origem, falha);
+  }
+
+  template <class Objeto>
+  void Arquiva(const std::string& origem, const Objeto& objeto) {
+    const kx::RegistroDe registro(objeto);
+    ConfereVolta(origem, Objeto(registro.GetPtr()) == objeto);
+    _destino->Grava({&KXMetadados<typename Objeto::Registro>::kInfo, registro.GetPtr()}, origem);
   }
 
   void Relata(const std::string& origem, const auto& documento, const auto& objeto) {
@@ -205,11 +245,16 @@ class Importacao {
     relatorio.exceptions(std::ios::badbit);  // memory that runs out must not cut the report short
     EscreveRelatorio(relatorio, origem, documento, viagem);
     std::cout << relatorio.str() << '\n';
-    for (const Falha& falha : documento.Chaves) Erro(origem, falha);
-    if (!viagem.Igual) Erro(origem, Falha("registro", "a ida e volta perdeu dados"));
+    ConfereVolta(origem, viagem.Igual);
+  }
+
+  void ConfereVolta(const std::string& origem, bool igual) {
+    if (!igual) Erro(origem, Falha("registro", "a ida e volta perdeu dados"));
   }
 
   const OpcoesImporta& _opcoes;
+  std::vector<AImportar> _arquivos;
+  std::optional<Destino> _destino;
   bool _falhou = false;
 };
 
@@ -217,6 +262,11 @@ class Importacao {
 
 std::span<const OpcaoChave> OpcoesChave() noexcept { return kOpcoes; }
 
-int Importa(const OpcoesImporta& opcoes) { return Importacao(opcoes).Executa(); }
+int Importa(const OpcoesImporta& opcoes) try {
+  return Importacao(opcoes).Executa();
+} catch (const FalhaDoBanco& falha) {
+  EscreveErro(opcoes.Grava.Acervo, Falha("acervo", falha.what()));
+  return 1;
+}
 
 }  // namespace kxdados

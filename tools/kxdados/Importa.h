@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "Grava.h"
 #include "ct/DadosCT.h"
 #include "re/DadosRE.h"
 
@@ -27,10 +28,12 @@ struct OpcoesImporta {
   std::vector<std::pair<const OpcaoChave*, std::uint64_t>> Chaves;
   bool Campos = false;
   std::uint64_t MaximoMiB = 256;  // of one file
+  OpcoesGrava Grava;              // with an archive: books there instead of reporting
 };
 
-// Reports to standard output, a line per error to the standard error. Returns the exit status: 1
-// when there was any error; the other files and documents are done all the same.
+// Reports to standard output, or books and tells how many, a line per error to the standard error.
+// Returns the exit status: 1 when there was any error; the other files and documents are done all
+// the same.
 int Importa(const OpcoesImporta& opcoes);
 
 }  // namespace kxdados

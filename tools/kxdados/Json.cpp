@@ -206,13 +206,21 @@ std::string JsonDeRegistro(const KXRegistroInfo& info, const void* registro, int
   return recuo < 0 ? linha : Json::parse(linha).dump(recuo);
 }
 
-std::string JsonDeDiferenca(const kx::Diferenca& diferenca) {
+std::string DataISO(const REG_KXDMA& data) {
+  std::string texto;
+  PoeData(texto, data);
+  return texto;
+}
+
+std::string JsonDeDiferenca(const kx::Diferenca& diferenca, const std::string& documento) {
   constexpr const char* kTipos[] = {"mudou", "retirado", "acrescentado"};
-  const Json objeto{{"caminho", diferenca.Caminho},
-                    {"tipo", kTipos[static_cast<std::size_t>(diferenca.Tipo)]},
-                    {"antes", diferenca.Antes},
-                    {"depois", diferenca.Depois},
-                    {"comparado", diferenca.Comparado}};
+  Json objeto;
+  if (!documento.empty()) objeto["documento"] = documento;
+  objeto.update({{"caminho", diferenca.Caminho},
+                 {"tipo", kTipos[static_cast<std::size_t>(diferenca.Tipo)]},
+                 {"antes", diferenca.Antes},
+                 {"depois", diferenca.Depois},
+                 {"comparado", diferenca.Comparado}});
   return objeto.dump();
 }
 

@@ -16,7 +16,10 @@ namespace kxdados {
 // by so many blanks.
 std::string JsonDeRegistro(const KXRegistroInfo& info, const void* registro, int recuo = -1);
 
-// One object on one line: caminho, tipo, antes, depois, comparado.
-std::string JsonDeDiferenca(const kx::Diferenca& diferenca);
+// One object on one line: documento, if it has a name, caminho, tipo, antes, depois, comparado.
+std::string JsonDeDiferenca(const kx::Diferenca& diferenca, const std::string& documento);
+
+// aaaa-mm-dd.
+std::string DataISO(const REG_KXDMA& data);
 
 }  // namespace kxdados

@@ -15,8 +15,25 @@ std::vector<std::string> Argumentos(int argc, char** argv);
 // Whether the standard input is somebody at a keyboard.
 bool EntradaEhTerminal();
 
+// Whether the standard error is.
+bool ErroEhTerminal();
+
+// For as long as it lives, Ctrl-C does not end the program but asks it to end, and ends the
+// standard input. Asked a second time the program ends at once.
+class Interrupcao {
+ public:
+  Interrupcao();
+  Interrupcao(const Interrupcao&) = delete;
+  Interrupcao& operator=(const Interrupcao&) = delete;
+  ~Interrupcao();
+
+  // Whether that was asked.
+  static bool Pedida() noexcept;
+};
+
 // For as long as it lives, what is read and written in the standard streams passes byte for byte,
-// and a console shows it as UTF-8.
+// and a console shows it as UTF-8. To be made before anything is read or written: the streams are
+// then no longer kept in step with those of C, which halves the time of a long run.
 class FluxosPadrao {
  public:
   FluxosPadrao();

@@ -5,6 +5,7 @@
 // After windows.h, whose types it uses.
 #include <shellapi.h>
 
+#include <atomic>
 #include <iostream>
 #include <memory>
 
@@ -23,6 +24,11 @@ std::string UTF8(const wchar_t* largo) {
   return texto;
 }
 
+std::atomic<bool> pedida = false;
+
+// In a thread of its own. The default comes behind it, and ends the program.
+BOOL WINAPI Interrompe(DWORD /*qual*/) { return pedida.exchange(true) ? FALSE : TRUE; }
+
 }  // namespace
 
 // Not from argv, which has the words in the code page of the system.
@@ -39,7 +45,16 @@ std::vector<std::string> Argumentos(int /*argc*/, char** /*argv*/) {
 
 bool EntradaEhTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
+bool ErroEhTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+Interrupcao::Interrupcao() { SetConsoleCtrlHandler(&Interrompe, TRUE); }
+
+Interrupcao::~Interrupcao() { SetConsoleCtrlHandler(&Interrompe, FALSE); }
+
+bool Interrupcao::Pedida() noexcept { return pedida; }
+
 FluxosPadrao::FluxosPadrao() : _pagina(GetConsoleOutputCP()) {
+  std::ios::sync_with_stdio(false);
   for (FILE* fluxo : {stdin, stdout, stderr}) _setmode(_fileno(fluxo), _O_BINARY);
   SetConsoleOutputCP(CP_UTF8);
 }

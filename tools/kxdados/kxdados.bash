@@ -9,8 +9,8 @@ _kxdados() {
     return
   fi
   ajuda=$("$programa" "$comando" --help 2>/dev/null)
-  if grep -qE -- "^ +$anterior N( |$)" <<<"$ajuda"; then
-    return # a number, which only the user knows
+  if grep -qE -- "^ +$anterior (N|CHAVE|NÚMERO)( |$)" <<<"$ajuda"; then
+    return # a number or a key, which only the user knows
   elif grep -qE -- "^ +$anterior PASTA( |$)" <<<"$ajuda"; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -d -- "$palavra")
@@ -18,12 +18,12 @@ _kxdados() {
     mapfile -t COMPREPLY < <(compgen -W "$(_kxdados_opcoes)" -- "$palavra")
   elif [[ $comando == leiaute ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$("$programa" leiaute | cut -d ' ' -f 1)" -- "$palavra")
+  elif [[ $comando =~ ^(mostra|compara|confere|grava)$ || $anterior == --grava ]]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$palavra")
   elif [[ $comando == importa ]]; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -X '!*.xml' -- "$palavra"; compgen -d -- "$palavra")
-  elif [[ $comando == mostra || $comando == compara ]]; then
-    compopt -o filenames 2>/dev/null
-    mapfile -t COMPREPLY < <(compgen -f -- "$palavra")
   fi
 }
 

@@ -1,5 +1,5 @@
 // kxdados: imports electronic invoices as goods-receipt entries and electronic freight bills as
-// freight bills, shows and compares records in files, and shows their layout.
+// freight bills, keeps records in archives, shows and compares them, and shows their layout.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
@@ -13,9 +13,10 @@
 #include <utility>
 #include <vector>
 
-#include "Imagens.h"
+#include "Grava.h"
 #include "Importa.h"
 #include "Leiaute.h"
+#include "Mostra.h"
 #include "Referencia.h"
 #include "Sistema.h"
 #include "compras/KXDadosCompras.h"
@@ -52,13 +53,24 @@ void Traduz(CLI::App& app) {
   formato->column_width(34);
 }
 
-CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
-  CLI::App* comando = app.add_subcommand("importa",
-                                         "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos "
-                                         "de transporte (CT-e e CT-e OS 3.00 e 4.00)");
+CLI::App* Comando(CLI::App& app, const char* nome, const char* ajuda, const char* fim) {
+  CLI::App* comando = app.add_subcommand(nome, ajuda);
   comando->group("Comandos");
   comando->get_help_ptr()->group("Opções");
-  comando->footer(
+  comando->footer(fim);
+  return comando;
+}
+
+void PoeSubstitui(CLI::App& comando, bool& substitui) {
+  comando.add_flag("--substitui", substitui,
+                   "Troca o documento do acervo que tem a mesma chave e outro conteúdo");
+}
+
+CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
+  CLI::App* comando = Comando(
+      app, "importa",
+      "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos de transporte (CT-e e CT-e OS 3.00 "
+      "e 4.00)",
       "As chaves são das tabelas do sistema e valem para todos os documentos importados que as\n"
       "tenham. Termina com 1 se algum documento teve erro; os demais são importados.");
   comando
@@ -72,6 +84,11 @@ CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados&
                        ", se não se diz outro")
       ->check(NumeroAte(kMaximoMiB))
       ->type_name("N");
+  comando
+      ->add_option("--grava", opcoes.Grava.Acervo,
+                   "Em vez de relatar, grava os documentos no acervo, que é criado se não existe")
+      ->type_name("ACERVO");
+  PoeSubstitui(*comando, opcoes.Grava.Substitui);
   const auto chaves = kxdados::OpcoesChave();
   digitados.resize(chaves.size());
   for (std::size_t i = 0; i < chaves.size(); ++i) {
@@ -93,9 +110,7 @@ CLI::Validator Pasta() {
 }
 
 CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, std::string& pasta) {
-  CLI::App* comando = app.add_subcommand("leiaute", "Mostra o leiaute dos registros");
-  comando->group("Comandos");
-  comando->get_help_ptr()->group("Opções");
+  CLI::App* comando = Comando(app, "leiaute", "Mostra o leiaute dos registros", "");
   auto* nome =
       comando
           ->add_option("REGISTRO", registro, "Nome do registro; sem ele, lista todos os registros")
@@ -107,32 +122,62 @@ CLI::App* MontaLeiaute(CLI::App& app, std::string& registro, std::string& pasta)
   return comando;
 }
 
-CLI::App* MontaMostra(CLI::App& app, kxdados::OpcoesImagens& opcoes) {
-  CLI::App* comando = app.add_subcommand("mostra", "Mostra registros gravados como imagens");
-  comando->group("Comandos");
-  comando->get_help_ptr()->group("Opções");
-  comando->footer("Termina com 1 se alguma imagem não pôde ser mostrada; as demais são mostradas.");
+CLI::App* MontaMostra(CLI::App& app, kxdados::OpcoesMostra& opcoes) {
+  CLI::App* comando =
+      Comando(app, "mostra", "Mostra documentos de acervos e de arquivos de imagens",
+              "Termina com 1 se algum documento não pôde ser mostrado; os demais são mostrados.");
   comando
       ->add_option("ARQUIVO", opcoes.Caminhos,
-                   "Arquivos com uma imagem ou mais, ou - (entrada padrão)")
+                   "Acervos, arquivos com uma imagem ou mais, ou - (imagens, entrada padrão)")
       ->type_name("");
-  comando->add_flag("--json", opcoes.Json, "Um objeto JSON por linha");
+  auto* json = comando->add_flag("--json", opcoes.Json, "Um objeto JSON por linha");
+  comando->add_flag("--imagem", opcoes.Imagem, "Os bytes das imagens, e nada mais")->excludes(json);
+  comando->add_option("--chave", opcoes.Quais.Chave, "Somente o documento com a chave")
+      ->type_name("CHAVE");
+  comando->add_option("--numero", opcoes.Quais.Numero, "Somente os documentos com o número")
+      ->type_name("NÚMERO");
   return comando;
 }
 
-CLI::App* MontaCompara(CLI::App& app, kxdados::OpcoesImagens& opcoes) {
-  CLI::App* comando = app.add_subcommand("compara", "Diz o que mudou de uma imagem para outra");
-  comando->group("Comandos");
-  comando->get_help_ptr()->group("Opções");
-  comando->footer("Termina com 0 se são iguais, com 1 se não são, com 2 se não se comparam.");
+CLI::App* MontaCompara(CLI::App& app, kxdados::OpcoesCompara& opcoes) {
+  CLI::App* comando =
+      Comando(app, "compara", "Diz o que mudou de um acervo ou uma imagem para outra",
+              "De um documento em cada arquivo, compara esses dois; de mais, os que têm a mesma "
+              "chave.\nTermina com 0 se são iguais, com 1 se não são, com 2 se não se comparam.");
   comando
       ->add_option("ARQUIVO", opcoes.Caminhos,
-                   "Dois arquivos com uma imagem, antes e depois; um - "
-                   "é a entrada padrão")
+                   "Dois acervos ou arquivos de imagens, antes e depois; um - é a entrada padrão. "
+                   "Um só, com duas chaves ou números, compara esses dois documentos dele")
       ->type_name("")
       ->required()
-      ->expected(2);
+      ->expected(1, 2);
   comando->add_flag("--json", opcoes.Json, "Um objeto JSON por diferença e linha");
+  comando->add_option("--chave", opcoes.Chaves, "Chave do documento, em ambos; ou de cada um")
+      ->type_name("CHAVE")
+      ->expected(1, 2);
+  comando->add_option("--numero", opcoes.Numeros, "Número do documento, em ambos; ou de cada um")
+      ->type_name("NÚMERO")
+      ->expected(1, 2);
+  return comando;
+}
+
+CLI::App* MontaGrava(CLI::App& app, kxdados::OpcoesGrava& opcoes) {
+  CLI::App* comando =
+      Comando(app, "grava", "Grava num acervo documentos em JSON, da entrada padrão",
+              "Um documento por linha, como mostra --json os escreve. Termina com 1 se algum foi\n"
+              "recusado; os demais são gravados.");
+  comando->add_option("ACERVO", opcoes.Acervo, "Arquivo do acervo; se não existe, é criado")
+      ->type_name("")
+      ->required();
+  PoeSubstitui(*comando, opcoes.Substitui);
+  return comando;
+}
+
+CLI::App* MontaConfere(CLI::App& app, std::string& acervo) {
+  CLI::App* comando =
+      Comando(app, "confere", "Confere um acervo: o banco de dados, as imagens e o que diz delas",
+              "Termina com 1 se algo está errado.");
+  comando->add_option("ACERVO", acervo, "Arquivo do acervo")->type_name("")->required();
   return comando;
 }
 
@@ -154,7 +199,7 @@ std::string Motivo(const CLI::ParseError& erro) {
                  ? "comando ausente ou desconhecido"
                  : "falta um argumento";
     case CLI::ExitCodes::ExcludesError:
-      return "--tudo não se usa com o nome de um registro";
+      return "opções que não se usam juntas: " + std::string(erro.what());
     default:
       return "falta o valor de uma opção, ou há valores demais";
   }
@@ -173,8 +218,16 @@ bool FaltaEntrada(const std::vector<std::string>& caminhos) {
   return true;
 }
 
-int ExecutaMostra(const kxdados::OpcoesImagens& opcoes) {
+int ExecutaMostra(const kxdados::OpcoesMostra& opcoes) {
   return FaltaEntrada(opcoes.Caminhos) ? kErroDeUso : kxdados::Mostra(opcoes);
+}
+
+int ExecutaCompara(const kxdados::OpcoesCompara& opcoes) {
+  if (opcoes.Caminhos.size() == 2 || opcoes.Chaves.size() == 2 || opcoes.Numeros.size() == 2) {
+    return kxdados::Compara(opcoes);
+  }
+  std::cerr << "kxdados: uso: falta o outro arquivo, ou a outra chave (veja kxdados --help)\n";
+  return kErroDeUso;
 }
 
 int ExecutaImporta(kxdados::OpcoesImporta& opcoes, const Digitados& digitados) {
@@ -210,10 +263,15 @@ int Executa(int argc, char** argv) {
   std::string registro;
   std::string pasta;
   const CLI::App* importa = MontaImporta(app, opcoes, digitados);
-  kxdados::OpcoesImagens imagens;
+  kxdados::OpcoesMostra aMostrar;
+  kxdados::OpcoesCompara aComparar;
+  kxdados::OpcoesGrava aGravar;
+  std::string aConferir;
   MontaLeiaute(app, registro, pasta);
-  const CLI::App* mostra = MontaMostra(app, imagens);
-  const CLI::App* compara = MontaCompara(app, imagens);
+  const CLI::App* mostra = MontaMostra(app, aMostrar);
+  const CLI::App* compara = MontaCompara(app, aComparar);
+  const CLI::App* grava = MontaGrava(app, aGravar);
+  const CLI::App* confere = MontaConfere(app, aConferir);
   std::vector<std::string> argumentos = kxdados::Argumentos(argc, argv);
   std::reverse(argumentos.begin(), argumentos.end());  // as the parser takes them
   try {
@@ -222,8 +280,10 @@ int Executa(int argc, char** argv) {
     return Termina(app, erro);
   }
   if (importa->parsed()) return ExecutaImporta(opcoes, digitados);
-  if (compara->parsed()) return kxdados::Compara(imagens);
-  return mostra->parsed() ? ExecutaMostra(imagens) : ExecutaLeiaute(registro, pasta);
+  if (mostra->parsed()) return ExecutaMostra(aMostrar);
+  if (compara->parsed()) return ExecutaCompara(aComparar);
+  if (grava->parsed()) return kxdados::Grava(aGravar);
+  return confere->parsed() ? kxdados::ConfereAcervo(aConferir) : ExecutaLeiaute(registro, pasta);
 }
 
 // What could not be written is not done.
