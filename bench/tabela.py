@@ -4,7 +4,8 @@
     python3 bench/tabela.py FILE.json...                 the table, and what missed its target
     python3 bench/tabela.py --pagina=MODEL FILE.json...  the same within the page that MODEL is
 
-Times are medians, over the repetitions of a run, of the processor's time. A ratio is ours by the
+Times are medians, over the repetitions of a run, of the processor's time, or of the clock's where
+the benchmark says so. A ratio is ours by the
 other's, both from one run, so that less is better: 0.33 is three times as fast. A comparison of
 which a side was not measured is left out, and named on the standard error.
 """
@@ -19,7 +20,8 @@ import sys
 from typing import NamedTuple
 
 PACOTES = ["libbenchmark-dev", "zlib1g-dev", "libdeflate-dev", "libzstd-dev", "libprotobuf-dev",
-           "libflatbuffers-dev", "libcapnp-dev", "libcereal-dev", "nlohmann-json3-dev"]
+           "libflatbuffers-dev", "libcapnp-dev", "libcereal-dev", "nlohmann-json3-dev",
+           "libpugixml-dev", "libsqlite3-0"]
 INSTRUCOES = ["pclmulqdq", "avx2", "vpclmulqdq", "avx512f"]
 PARES = {"Protobuf": "protobuf", "Flatbuffers": "FlatBuffers", "Capnp": "Cap'n Proto",
          "Cereal": "cereal"}
@@ -75,6 +77,12 @@ def com_pares():
                      "JsonEscreveNlohmann", 2.0)
     yield Comparacao("order, read from JSON", "JsonLe", "nlohmann-json's parse alone",
                      "JsonLeNlohmann", 2.0)
+    yield Comparacao("invoices, imported into an archive", "AcervoImporta",
+                     "pugixml's parse alone", "AcervoImportaPugixml")
+    yield Comparacao("invoices, shown from it as JSON", "AcervoMostra",
+                     "nlohmann-json's dump alone", "AcervoMostraNlohmann", 2.0)
+    yield Comparacao("invoices, booked from JSON", "AcervoGrava", "nlohmann-json's parse alone",
+                     "AcervoGravaNlohmann", 2.0)
     yield Comparacao("order, equal in content (Igual)", "OrdemIgualNoConteudo", "operator==",
                      "OrdemIgualdade", 3.0)
     yield Comparacao("order, EstaVazio of an empty one", "OrdemEstaVazia", "memcmp",
@@ -114,8 +122,16 @@ def le(arquivos):
     falhas = {m["run_name"]: m["error_message"] for m in medidas if m.get("error_occurred")}
     for nome, motivo in falhas.items():
         print(f"failed: {nome}: {motivo}", file=sys.stderr)
-    return {m["run_name"]: m for m in medidas
-            if m.get("aggregate_name") == "median" and m["run_name"] not in falhas}
+    return dict(mediana(m) for m in medidas
+                if m.get("aggregate_name") == "median" and m["run_name"] not in falhas)
+
+
+def mediana(medida):
+    """Its name without what the benchmark adds to it, and the time that counts as cpu_time."""
+    nome, _, modo = medida["run_name"].partition("/iterations:")
+    if modo.endswith("/real_time"):
+        medida["cpu_time"] = medida["real_time"]
+    return nome, medida
 
 
 def valor(medida, grandeza):
@@ -194,6 +210,14 @@ def linhas_da_arvore(medidas):
                     "cpu_time")
 
 
+def linhas_de_ritmo(medidas):
+    """What has to be done so many times a second, whatever others need for it."""
+    for nome, medida, por_segundo in (("invoices, imported into an archive", "AcervoImporta", 2000),):
+        for tamanho in (int(m.partition("/")[2]) for m in medidas if m.startswith(f"{medida}/")):
+            yield Linha(nome, f"{tamanho:,}", valor(medidas[f"{medida}/{tamanho}"], "cpu_time"),
+                        f"{por_segundo:,} a second", tamanho / por_segundo * 1e9, 1.0, "cpu_time")
+
+
 def faz_linhas(medidas):
     linhas = []
     for comparacao in comparacoes():
@@ -201,7 +225,7 @@ def faz_linhas(medidas):
         if not destas:
             print(f"not measured: {comparacao.nome}, {comparacao.contra}", file=sys.stderr)
         linhas += [linha for _, linha in destas]
-    return linhas + list(linhas_da_arvore(medidas))
+    return linhas + list(linhas_de_ritmo(medidas)) + list(linhas_da_arvore(medidas))
 
 
 def tabela(linhas):

@@ -98,13 +98,14 @@ std::int64_t SomaDe(std::span<const std::byte> bytes) {
 }
 
 Blob Comprime(std::span<const std::byte> imagem) {
+  constexpr int kNivel = 1;  // records are mostly zeros: higher ones save no more
   static const std::unique_ptr<ZSTD_CCtx, decltype(&ZSTD_freeCCtx)> contexto(ZSTD_createCCtx(),
                                                                              ZSTD_freeCCtx);
   if (contexto == nullptr) throw std::bad_alloc();
   Blob blob{imagem.size(), true, std::vector<std::byte>(ZSTD_compressBound(imagem.size()))};
   const std::size_t comprimido =
       ZSTD_compressCCtx(contexto.get(), blob.Bytes.data(), blob.Bytes.size(), imagem.data(),
-                        imagem.size(), ZSTD_CLEVEL_DEFAULT);
+                        imagem.size(), kNivel);
   if (ZSTD_isError(comprimido) != 0 || comprimido > imagem.size() - imagem.size() / 10) {
     return {imagem.size(), false, {imagem.begin(), imagem.end()}};
   }
