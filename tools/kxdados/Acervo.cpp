@@ -103,9 +103,8 @@ Blob Comprime(std::span<const std::byte> imagem) {
                                                                              ZSTD_freeCCtx);
   if (contexto == nullptr) throw std::bad_alloc();
   Blob blob{imagem.size(), true, std::vector<std::byte>(ZSTD_compressBound(imagem.size()))};
-  const std::size_t comprimido =
-      ZSTD_compressCCtx(contexto.get(), blob.Bytes.data(), blob.Bytes.size(), imagem.data(),
-                        imagem.size(), kNivel);
+  const std::size_t comprimido = ZSTD_compressCCtx(
+      contexto.get(), blob.Bytes.data(), blob.Bytes.size(), imagem.data(), imagem.size(), kNivel);
   if (ZSTD_isError(comprimido) != 0 || comprimido > imagem.size() - imagem.size() / 10) {
     return {imagem.size(), false, {imagem.begin(), imagem.end()}};
   }
