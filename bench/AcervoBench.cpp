@@ -64,6 +64,9 @@ void TrocaTudo(std::string& texto, const std::string& velho, const std::string& 
   }
 }
 
+// Before the key of an invoice of goods.
+constexpr std::string_view kId = "Id=\"NFe";
+
 // A folder of its own with the sample invoices, each under many keys; removed at the end.
 class Pasta {
  public:
@@ -71,11 +74,12 @@ class Pasta {
     fs::create_directory(Raiz);
     std::vector<std::string> modelos;
     for (const auto& nota : fs::directory_iterator(KX_NOTAS)) {
-      modelos.push_back(Conteudo(nota.path()));
+      std::string texto = Conteudo(nota.path());
+      if (texto.find(kId) != std::string::npos) modelos.push_back(std::move(texto));
     }
     for (std::size_t i = 0; i < quantas; ++i) {
       std::string nota = modelos[i % modelos.size()];
-      const std::string chave = nota.substr(nota.find("Id=\"NFe") + 7, 44);
+      const std::string chave = nota.substr(nota.find(kId) + kId.size(), 44);
       TrocaTudo(nota, chave, OutraChave(chave, i));
       Notas.push_back((Raiz / (std::to_string(i) + ".xml")).string());
       std::ofstream(Notas.back(), std::ios::binary) << nota;

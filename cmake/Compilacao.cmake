@@ -37,8 +37,8 @@ if(KX_COBERTURA)
 endif()
 
 # The own sources of tests and fuzzers: optimised templates over every class would take most of the build, and so
-# would these checks of each pointer, which the library and the tool keep.
+# would the checks of undefined behaviour, which the library and the tool keep.
 set(KX_OPCOES_DE_TESTE -O0)
 if(KX_SANITIZADORES MATCHES "undefined")
-  list(APPEND KX_OPCOES_DE_TESTE -fno-sanitize=null,vptr,alignment,object-size)
+  list(APPEND KX_OPCOES_DE_TESTE -fno-sanitize=undefined)
 endif()

@@ -51,7 +51,7 @@ set(CPACK_DEBIAN_FERRAMENTAS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_FERRAMENTAS_PACKAGE_DEPENDS "${pacote_biblioteca} (= ${versao})")
 set(CPACK_DEBIAN_FERRAMENTAS_DESCRIPTION
     "importer of Brazilian electronic invoices and freight bills
-kxdados reads NF-e and CT-e documents as entries of the purchasing module,
+kxdados reads NF-e, NFS-e and CT-e documents as entries of the purchasing module,
 reports what it read, and shows the layout of the module's records.")
 
 string(TIMESTAMP data "%a, %d %b %Y %H:%M:%S +0000" UTC)

@@ -8,6 +8,7 @@ namespace {
 constexpr const char* kAtacado = "01_atacado_st_ipi_3parcelas.xml";
 constexpr const char* kLotes = "02_medicamentos_lotes_servico.xml";
 constexpr const char* kSimples = "03_simples_cnpj_alfanumerico.xml";
+constexpr const char* kServico = "04_servico_vigilancia_retencoes.xml";
 
 std::string UTF8(const std::string& latin1) {
   std::string utf8;
@@ -44,7 +45,7 @@ std::vector<CasoDeErro> CasosDeErro() {
       {"nulo", boa.substr(0, 900) + std::string(1, '\0') + boa.substr(900), "XML: byte nulo"},
       {"cortado", boa.substr(0, boa.size() / 2), "XML: malformado ou cortado"},
       {"fundo", fundo, "XML: malformado ou cortado"},
-      {"outro", "<nfseProc><NFSe/></nfseProc>", "nfseProc: não é nota fiscal nem conhecimento"},
+      {"outro", "<mdfeProc><MDFe/></mdfeProc>", "mdfeProc: não é nota fiscal nem conhecimento"},
       {"sem_inf", "<NFe/>", "NFe/infNFe: elemento obrigatório ausente"},
       {"sem_itens", std::regex_replace(boa, std::regex("<(/?)det\\b"), "<$1x"),
        "det: elemento obrigatório ausente"},
@@ -153,7 +154,9 @@ TEST_F(FerramentaTeste, SaidaByteAByte) {
     std::vector<std::string> Argumentos;
     std::vector<std::string> Documentos;
   } casos[] = {
-      {"demo.txt", {}, {exemplos + kAtacado, exemplos + kLotes, exemplos + kSimples}},
+      {"demo.txt",
+       {},
+       {exemplos + kAtacado, exemplos + kLotes, exemplos + kSimples, exemplos + kServico}},
       {"opcoes.txt",
        {"--filial", "11", "--fornecedor", "2147483647", "--condicao-pagamento", "30",
         "--transportadora", "9", "--tipo-cobranca", "4", "--comprador", "5"},

@@ -24,6 +24,7 @@ def digito(chave):
     return 0 if soma % 11 < 2 else 11 - soma % 11
 
 exemplos = [open(nome, encoding="latin-1").read() for nome in sorted(glob.glob(sys.argv[1] + "/*.xml"))]
+exemplos = [nota for nota in exemplos if 'Id="NFe' in nota]
 for i in range(int(sys.argv[2])):
     nota = exemplos[i % len(exemplos)]
     velha = re.search(r'Id="NFe(\w{44})"', nota)[1]

@@ -14,6 +14,7 @@
 
 #include "Arquivo.h"
 #include "ImportaCTe.h"
+#include "ImportaNFSe.h"
 #include "ImportaNFe.h"
 #include "Progresso.h"
 #include "Relatorio.h"
@@ -90,11 +91,18 @@ constexpr std::array kOpcoes = {
                PoeChave<Entrada, &Entrada::SetNSU, std::uint64_t>, nullptr},
 };
 
-// The elements NFe, CTe, CTeSimp and CTeOS at most `niveis` below `no`: by themselves, with their
-// protocol (nfeProc, cteProc, cteSimpProc, cteOSProc) or in a batch (enviNFe, enviCTe).
+// What an element that holds a whole document is called in messages; null for any other element.
+const char* EspecieDe(std::string_view elemento) {
+  if (elemento == "NFe") return "nota";
+  if (elemento == "NFSe") return "nota de serviço";
+  if (elemento == "CTe" || elemento == "CTeSimp" || elemento == "CTeOS") return "conhecimento";
+  return nullptr;
+}
+
+// The documents at most `niveis` below `no`: by themselves, with their protocol (nfeProc, cteProc,
+// cteSimpProc, cteOSProc) or in a batch (enviNFe, enviCTe).
 void JuntaDocumentos(pugi::xml_node no, int niveis, std::vector<pugi::xml_node>& documentos) {
-  const std::string_view nome = NomeLocal(no);
-  if (nome == "NFe" || nome == "CTe" || nome == "CTeSimp" || nome == "CTeOS") {
+  if (EspecieDe(NomeLocal(no)) != nullptr) {
     documentos.push_back(no);
   } else if (niveis > 0) {
     for (const pugi::xml_node filho : no.children()) {
@@ -103,15 +111,38 @@ void JuntaDocumentos(pugi::xml_node no, int niveis, std::vector<pugi::xml_node>&
   }
 }
 
+const char* PorQueNaoEhDocumento(std::string_view raiz) {
+  if (raiz == "DPS") {
+    return "é uma declaração de serviço, ainda não uma nota: não tem número nem valor líquido";
+  }
+  const bool deServico =
+      raiz.find("NFSe") != std::string_view::npos || raiz.find("Nfse") != std::string_view::npos;
+  return deServico ? "é nota de serviço de outro leiaute, e não do nacional"
+                   : "não é nota fiscal nem conhecimento de transporte eletrônico";
+}
+
 std::vector<pugi::xml_node> DocumentosDoArquivo(const pugi::xml_document& arquivo) {
   constexpr int kNiveis = 3;
   std::vector<pugi::xml_node> documentos;
   JuntaDocumentos(arquivo, kNiveis, documentos);
   if (documentos.empty()) {
-    throw Falha(std::string(NomeLocal(arquivo.document_element())),
-                "não é nota fiscal nem conhecimento de transporte eletrônico");
+    const std::string_view raiz = NomeLocal(arquivo.document_element());
+    throw Falha(std::string(raiz), PorQueNaoEhDocumento(raiz));
   }
   return documentos;
+}
+
+// The object of each kind of document.
+Entrada& ObjetoDe(Nota& nota) { return nota.Entrada; }
+Entrada& ObjetoDe(NotaDeServico& nota) { return nota.Entrada; }
+Transporte& ObjetoDe(Conhecimento& conhecimento) { return conhecimento.Objeto; }
+
+void Poe(const OpcaoChave& opcao, std::uint64_t valor, Entrada& entrada) {
+  opcao.PoeNaEntrada(entrada, valor);
+}
+
+void Poe(const OpcaoChave& opcao, std::uint64_t valor, Transporte& transporte) {
+  if (opcao.PoeNoConhecimento != nullptr) opcao.PoeNoConhecimento(transporte, valor);
 }
 
 class Importacao {
@@ -197,37 +228,32 @@ class Importacao {
       AbreXML(bytes, documento);
       const auto documentos = DocumentosDoArquivo(documento);
       for (std::size_t i = 0; i < documentos.size(); ++i) {
-        const bool nota = NomeLocal(documentos[i]) == "NFe";
-        const std::string qual = documentos.size() == 1 ? ""
-                                                        : (nota ? " (nota " : " (conhecimento ") +
-                                                              std::to_string(i + 1) + ")";
-        nota ? ImportaNota(origem + qual, documentos[i])
-             : ImportaConhecimento(origem + qual, documentos[i]);
+        const std::string_view elemento = NomeLocal(documentos[i]);
+        const std::string qual = documentos.size() == 1 ? std::string()
+                                                        : std::string(" (") + EspecieDe(elemento) +
+                                                              " " + std::to_string(i + 1) + ")";
+        ImportaUm(origem + qual, elemento, documentos[i]);
       }
     } catch (const Falha& falha) {
       Erro(origem, falha);
     }
   }
 
-  void ImportaNota(const std::string& origem, pugi::xml_node nfe) try {
-    Nota nota = ImportaNFe(nfe);
-    for (const auto& [opcao, valor] : _opcoes.Chaves) opcao->PoeNaEntrada(nota.Entrada, valor);
-    Conta(origem, nota, nota.Entrada);
-  } catch (const Falha& falha) {
-    Erro(origem, falha);
-  }
-
-  void ImportaConhecimento(const std::string& origem, pugi::xml_node cte) try {
-    Conhecimento conhecimento = ImportaCTe(cte);
-    for (const auto& [opcao, valor] : _opcoes.Chaves) {
-      if (opcao->PoeNoConhecimento != nullptr) opcao->PoeNoConhecimento(conhecimento.Objeto, valor);
+  void ImportaUm(const std::string& origem, std::string_view elemento, pugi::xml_node no) try {
+    if (elemento == "NFe") {
+      Conta(origem, ImportaNFe(no));
+    } else if (elemento == "NFSe") {
+      Conta(origem, ImportaNFSe(no));
+    } else {
+      Conta(origem, ImportaCTe(no));
     }
-    Conta(origem, conhecimento, conhecimento.Objeto);
   } catch (const Falha& falha) {
     Erro(origem, falha);
   }
 
-  void Conta(const std::string& origem, const auto& documento, const auto& objeto) {
+  void Conta(const std::string& origem, auto documento) {
+    auto& objeto = ObjetoDe(documento);
+    for (const auto& [opcao, valor] : _opcoes.Chaves) Poe(*opcao, valor, objeto);
     _destino ? Arquiva(origem, objeto) : Relata(origem, documento, objeto);
     for (const Falha& falha : documento.Chaves) Erro(origem, falha);
   }

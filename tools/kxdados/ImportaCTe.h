@@ -6,10 +6,8 @@
 #pragma once
 
 #include <pugixml.hpp>
-#include <vector>
 
 #include "Regras.h"
-#include "Totais.h"
 #include "ct/DadosCT.h"
 
 namespace kxdados {
@@ -17,7 +15,6 @@ namespace kxdados {
 // An imported freight bill.
 struct Conhecimento : Documento {
   CKXDadosCM_CTConhecimentoTransporte Objeto;
-  std::vector<Total> Totais;  // of what the CT-e states the parts of
 };
 
 // From the element CTe, CTeSimp or CTeOS. Raises Falha when something required is missing or a

@@ -262,15 +262,6 @@ void ImportaCobranca(No cobr, Nota& nota) {
   if (Filho(fatura, "vLiq")) nota.Declarados["vLiq"] = nota.Entrada.GetTotalAPagar();
 }
 
-// The object would keep a longer remark, but it would not travel.
-CString Observacao(No infAdic, const char* elemento, const char* campo, Nota& nota) {
-  constexpr int kMaximo = 7000;
-  CString texto = Texto(infAdic, elemento);
-  if (texto.GetLength() <= kMaximo) return texto;
-  AvisaCorte(nota, infAdic, elemento, campo, texto.GetLength(), kMaximo);
-  return texto.Left(kMaximo);
-}
-
 void ImportaObservacoes(No infAdic, Nota& nota) {
   nota.Entrada.SetObservacaoGeral(Observacao(infAdic, "infCpl", "ObservacaoGeral", nota))
       .SetObservacaoFisco(Observacao(infAdic, "infAdFisco", "ObservacaoFisco", nota));

@@ -68,7 +68,8 @@ const char* Motivo(kx::ErroDinheiro erro) noexcept {
 // The element that holds a document whole. Inside a CT-e, infNFe is a carried invoice.
 bool EhCorpo(pugi::xml_node no) {
   const std::string_view nome = NomeLocal(no);
-  return nome == "infCte" || (nome == "infNFe" && NomeLocal(no.parent()) == "NFe");
+  return nome == "infCte" || nome == "infNFSe" ||
+         (nome == "infNFe" && NomeLocal(no.parent()) == "NFe");
 }
 
 std::string Aparado(pugi::xml_node pai, std::string_view nome) {

@@ -35,6 +35,14 @@ void AvisaCorte(Documento& documento, No pai, const char* elemento, const char* 
       std::to_string(caracteres) + " caracteres, couberam " + std::to_string(couberam));
 }
 
+CString Observacao(No pai, const char* elemento, const char* campo, Documento& documento) {
+  constexpr int kMaximo = 7000;
+  CString texto = Texto(pai, elemento);
+  if (texto.GetLength() <= kMaximo) return texto;
+  AvisaCorte(documento, pai, elemento, campo, texto.GetLength(), kMaximo);
+  return texto.Left(kMaximo);
+}
+
 _KX_NFE_ps LeChave(No no, Documento& documento) {
   return LeChave(
       Valor(no), [&] { return documento.Lugares.De(no); }, documento);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "LeitorXML.h"
+#include "Totais.h"
 #include "core/Financeiro.h"
 
 namespace kxdados {
@@ -18,6 +19,7 @@ struct Documento {
   std::string Emitente;
   std::vector<std::string> Avisos;  // what did not fit whole
   std::vector<Falha> Chaves;        // access keys that are wrong, and were left empty
+  std::vector<Total> Totais;        // beside what the document states, where that is read with it
   Caminhos Lugares;                 // of what is told above
 };
 
@@ -60,6 +62,10 @@ void Aplica(const RegraTexto<Objeto> (&regras)[N], pugi::xml_node pai, Objeto& o
     }
   }
 }
+
+// A remark of an entry. The object would keep a longer one, but it would not travel.
+CString Observacao(pugi::xml_node pai, const char* elemento, const char* campo,
+                   Documento& documento);
 
 // The key that an element holds, or no key and an entry in Documento::Chaves.
 _KX_NFE_ps LeChave(pugi::xml_node no, Documento& documento);

@@ -1,5 +1,7 @@
 #include "Relatorio.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <iomanip>
 #include <ostream>
 #include <sstream>
@@ -23,9 +25,14 @@ std::string Contado(std::size_t quantos, const char* um, const char* varios) {
   return Contado(static_cast<long long>(quantos), um, varios);
 }
 
-std::ostream& Rotulo(std::ostream& saida, const char* nome) {
-  constexpr int kLargura = 11;
-  return saida << "  " << std::left << std::setw(kLargura) << nome;
+// Two columns, as wide as characters are seen; bytes of UTF-8 that go on with one are not counted.
+std::ostream& Rotulo(std::ostream& saida, std::string_view nome) {
+  constexpr std::ptrdiff_t kLargura = 11;
+  const auto largura = std::count_if(nome.begin(), nome.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  });
+  const auto brancos = std::max<std::ptrdiff_t>(1, kLargura - largura);
+  return saida << "  " << nome << std::string(static_cast<std::size_t>(brancos), ' ');
 }
 
 long long QuantidadeDeLinhasDeEstoque(const Entrada& entrada) {
@@ -34,9 +41,16 @@ long long QuantidadeDeLinhasDeEstoque(const Entrada& entrada) {
   return linhas;
 }
 
+void EscreveTitulo(std::ostream& saida, const std::string& origem, const char* especie,
+                   const Entrada& entrada) {
+  saida << origem << ": " << especie << ' ' << kx::LinhaDeLatin1(entrada.GetNumeroNotaFiscal())
+        << ", série " << kx::LinhaDeLatin1(entrada.GetSerieNotaFiscal()) << ", emitida em "
+        << kx::TextoDeData(entrada.GetRegDataEmissao()) << '\n';
+}
+
 void EscreveConteudo(std::ostream& saida, const Entrada& entrada) {
   Rotulo(saida, "conteúdo")
-      << " " << Contado(entrada.GetQuantidadeProduto(), "produto", "produtos") << ", "
+      << Contado(entrada.GetQuantidadeProduto(), "produto", "produtos") << ", "
       << Contado(entrada.GetQuantidadeServico(), "serviço", "serviços") << ", "
       << Contado(QuantidadeDeLinhasDeEstoque(entrada), "entrada de estoque", "entradas de estoque")
       << ", " << Contado(entrada.GetQuantidadeReferidas(), "nota referida", "notas referidas")
@@ -70,6 +84,21 @@ void EscreveTotais(std::ostream& saida, const Nota& nota) {
   }
 }
 
+// Their order is that of the invoice, and the records have no name for them.
+void EscreveImpostos(std::ostream& saida, const NotaDeServico& nota) {
+  if (nota.Impostos.empty()) return;
+  Rotulo(saida, "impostos") << "base, alíquota, valor\n";
+  for (std::size_t i = 0; i < nota.Impostos.size(); ++i) {
+    constexpr int kValor = 16;
+    const auto& imposto = nota.Entrada.GetServico(0).GetImposto(static_cast<long long>(i));
+    saida << "    " << std::right;
+    for (const CY& valor : {imposto.GetBaseCalculo(), imposto.GetAliquota(), imposto.GetValor()}) {
+      saida << std::setw(kValor) << kx::TextoDeDinheiro(valor);
+    }
+    saida << "  " << nota.Impostos[i] << (imposto.GetRetido() != 0 ? ", retido" : "") << '\n';
+  }
+}
+
 void EscreveRegistro(std::ostream& saida, const Viagem& viagem) {
   std::ostringstream checksum;
   checksum.exceptions(std::ios::badbit);
@@ -99,8 +128,7 @@ std::string Recuado(std::string_view linhas) {
   return recuado;
 }
 
-void EscreveChave(std::ostream& saida, const _KX_NFE_ps& chave) {
-  const std::string texto = kx::TextoDeChave(chave);
+void EscreveChave(std::ostream& saida, const std::string& texto) {
   Rotulo(saida, "chave") << (texto.empty() ? "(nenhuma)" : texto) << '\n';
 }
 
@@ -127,10 +155,8 @@ template Viagem Viaja(const CKXDadosCM_CTConhecimentoTransporte& objeto, bool co
 void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota& nota,
                       const Viagem& viagem) {
   const Entrada& entrada = nota.Entrada;
-  saida << origem << ": nota " << kx::LinhaDeLatin1(entrada.GetNumeroNotaFiscal()) << ", série "
-        << kx::LinhaDeLatin1(entrada.GetSerieNotaFiscal()) << ", emitida em "
-        << kx::TextoDeData(entrada.GetRegDataEmissao()) << '\n';
-  EscreveChave(saida, entrada.GetRegNFe());
+  EscreveTitulo(saida, origem, "nota", entrada);
+  EscreveChave(saida, kx::TextoDeChave(entrada.GetRegNFe()));
   Rotulo(saida, "emitente") << nota.Emitente << '\n';
   EscreveConteudo(saida, entrada);
   EscreveTotais(saida, nota);
@@ -144,13 +170,12 @@ void EscreveRelatorio(std::ostream& saida, const std::string& origem,
         << kx::LinhaDeLatin1(objeto.GetNumeroConhecimentoTransporte()) << ", série "
         << kx::LinhaDeLatin1(objeto.GetSerieConhecimentoTransporte()) << ", emitido em "
         << kx::TextoDeData(objeto.GetRegDataEmissao()) << '\n';
-  EscreveChave(saida, objeto.GetRegCTe());
+  EscreveChave(saida, kx::TextoDeChave(objeto.GetRegCTe()));
   Rotulo(saida, "emitente") << conhecimento.Emitente << '\n';
   Rotulo(saida, "valor") << kx::TextoDeDinheiro(objeto.GetValorTotalCTe()) << ", a receber "
                          << kx::TextoDeDinheiro(objeto.GetValorConhecimentoTransporteLiquido())
                          << '\n';
-  Rotulo(saida, "conteúdo") << " "
-                            << Contado(objeto.GetQuantidadeNotaFiscal(), "nota transportada",
+  Rotulo(saida, "conteúdo") << Contado(objeto.GetQuantidadeNotaFiscal(), "nota transportada",
                                        "notas transportadas")
                             << ", "
                             << Contado(objeto.GetCondicaoPagamento().GetNumeroParcelas(), "parcela",
@@ -158,6 +183,20 @@ void EscreveRelatorio(std::ostream& saida, const std::string& origem,
                             << '\n';
   EscreveTotais(saida, conhecimento.Totais, "no conhecimento");
   EscreveFim(saida, conhecimento, viagem);
+}
+
+void EscreveRelatorio(std::ostream& saida, const std::string& origem, const NotaDeServico& nota,
+                      const Viagem& viagem) {
+  EscreveTitulo(saida, origem, "nota de serviço", nota.Entrada);
+  EscreveChave(saida, nota.Chave);
+  for (const auto& parte : nota.Partes) {
+    Rotulo(saida, parte.Papel) << parte.Nome << (parte.Nome.empty() ? "" : ", ") << parte.Inscricao
+                               << '\n';
+  }
+  for (const auto& dito : nota.Ditos) Rotulo(saida, dito.Nome) << dito.Texto << '\n';
+  EscreveImpostos(saida, nota);
+  EscreveTotais(saida, nota.Totais, "na nota");
+  EscreveFim(saida, nota, viagem);
 }
 
 }  // namespace kxdados

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ImportaCTe.h"
+#include "ImportaNFSe.h"
 #include "ImportaNFe.h"
 #include "Medida.h"
 
@@ -28,5 +29,7 @@ void EscreveRelatorio(std::ostream& saida, const std::string& origem, const Nota
                       const Viagem& viagem);
 void EscreveRelatorio(std::ostream& saida, const std::string& origem,
                       const Conhecimento& conhecimento, const Viagem& viagem);
+void EscreveRelatorio(std::ostream& saida, const std::string& origem, const NotaDeServico& nota,
+                      const Viagem& viagem);
 
 }  // namespace kxdados

@@ -57,6 +57,16 @@ void PoeAcesso(const _KX_NFE_ps& acesso, Resumo& resumo) {
   resumo.Emitente = texto.substr(kEmitente, kDigitos);
 }
 
+// A service invoice's key says of what kind the issuer's number is, and has zeros before a short
+// one.
+Talvez EmitenteDoServico(const std::string& chave) {
+  constexpr std::size_t kTipo = 8;
+  constexpr std::size_t kFim = 23;
+  if (chave.size() < kFim) return {};
+  const std::size_t digitos = chave[kTipo] == '1' ? 11 : 14;
+  return chave.substr(kFim - digitos, digitos);
+}
+
 Resumo De(const tagREG_ENTRADAPS& r) {
   const CY total =
       r.ValorTotalNotaFiscalNFe.int64 != 0 ? r.ValorTotalNotaFiscalNFe : r.ValorTotalNotaFiscal;
@@ -67,6 +77,9 @@ Resumo De(const tagREG_ENTRADAPS& r) {
                 {},
                 Valor(total)};
   PoeAcesso(r.RegNFe, resumo);
+  if (resumo.Chave.has_value()) return resumo;
+  resumo.Chave = Texto(r.ChaveNFSe);
+  resumo.Emitente = EmitenteDoServico(resumo.Chave.value_or(""));
   return resumo;
 }
 
@@ -124,6 +137,12 @@ Resumo ResumoDe(const KXRegistroInfo& info, const void* registro) {
   return Procura<tagREG_ENTRADAPS, tagREG_CONHECIMENTOPS, tagREG_ORDEMPS,
                  tagREG_SOLICITACAO_COMPRAPS, tagREG_COTACAOPS, tagREG_CONTRATO_COMPRAPS>(info,
                                                                                           registro);
+}
+
+std::string ChaveGuardada(std::string chave) {
+  constexpr std::size_t kDeServico = 50;
+  if (chave.size() == kDeServico) chave.resize(sizeof(tagREG_ENTRADAPS::ChaveNFSe) - 1);
+  return chave;
 }
 
 }  // namespace kxdados

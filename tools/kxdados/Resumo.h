@@ -11,7 +11,8 @@ namespace kxdados {
 
 // Empty where the record has no such thing, or holds nothing there.
 struct Resumo {
-  std::optional<std::string> Chave;  // access key, 44 digits; without one, the document's own key
+  std::optional<std::string>
+      Chave;  // access key, 44 characters; without one, the document's own key
   std::optional<std::string> Numero;
   std::optional<std::string> Serie;
   std::optional<std::string> Emissao;   // aaaa-mm-dd
@@ -24,5 +25,8 @@ struct Resumo {
 // Of the entry, the freight bill, the order, the request, the quotation and the contract; empty for
 // all other records.
 Resumo ResumoDe(const KXRegistroInfo& info, const void* registro);
+
+// An access key as records hold it: of the 50 positions of a service invoice's, the first 45.
+std::string ChaveGuardada(std::string chave);
 
 }  // namespace kxdados

@@ -69,8 +69,8 @@ void PoeSubstitui(CLI::App& comando, bool& substitui) {
 CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados& digitados) {
   CLI::App* comando = Comando(
       app, "importa",
-      "Importa notas fiscais (NF-e 1.10 a 4.00) e conhecimentos de transporte (CT-e e CT-e OS 3.00 "
-      "e 4.00)",
+      "Importa notas fiscais (NF-e 1.10 a 4.00), notas de serviço (NFS-e nacional 1.00 e 1.01) e "
+      "conhecimentos de transporte (CT-e e CT-e OS 3.00 e 4.00)",
       "As chaves são das tabelas do sistema e valem para todos os documentos importados que as\n"
       "tenham. Termina com 1 se algum documento teve erro; os demais são importados.");
   comando
@@ -133,6 +133,7 @@ CLI::App* MontaMostra(CLI::App& app, kxdados::OpcoesMostra& opcoes) {
   auto* json = comando->add_flag("--json", opcoes.Json, "Um objeto JSON por linha");
   comando->add_flag("--imagem", opcoes.Imagem, "Os bytes das imagens, e nada mais")->excludes(json);
   comando->add_option("--chave", opcoes.Quais.Chave, "Somente o documento com a chave")
+      ->transform(kxdados::ChaveGuardada)
       ->type_name("CHAVE");
   comando->add_option("--numero", opcoes.Quais.Numero, "Somente os documentos com o número")
       ->type_name("NÚMERO");
@@ -153,6 +154,7 @@ CLI::App* MontaCompara(CLI::App& app, kxdados::OpcoesCompara& opcoes) {
       ->expected(1, 2);
   comando->add_flag("--json", opcoes.Json, "Um objeto JSON por diferença e linha");
   comando->add_option("--chave", opcoes.Chaves, "Chave do documento, em ambos; ou de cada um")
+      ->transform(kxdados::ChaveGuardada)
       ->type_name("CHAVE")
       ->expected(1, 2);
   comando->add_option("--numero", opcoes.Numeros, "Número do documento, em ambos; ou de cada um")
