@@ -56,7 +56,7 @@ std::int64_t Versao(Banco& banco) { return banco.Numero("PRAGMA user_version"); 
 FalhaDoBanco Recusado(const char* motivo) { return {SQLITE_NOTADB, motivo}; }
 
 // Whether there is anything in it.
-bool ConfereDono(Banco& banco) {
+bool TemEsquema(Banco& banco) {
   if (banco.Numero("PRAGMA application_id") == kAplicacao) {
     if (Versao(banco) > static_cast<std::int64_t>(kMigracoes.size())) {
       throw Recusado("é de uma versão mais nova desta ferramenta");
@@ -67,6 +67,14 @@ bool ConfereDono(Banco& banco) {
     throw Recusado("é um banco de dados de outro programa");
   }
   return false;
+}
+
+// Looks at one moment of the database: another program may just be making it.
+bool ConfereDono(Banco& banco) {
+  banco.Executa("BEGIN");
+  const bool tem = TemEsquema(banco);
+  banco.Executa("COMMIT");
+  return tem;
 }
 
 // Two programs may do it at the same time; whoever comes second finds it done.
