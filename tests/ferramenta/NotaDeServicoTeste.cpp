@@ -81,7 +81,6 @@ void Confere(const Json& esperada, const Json& nota) {
   EXPECT_EQ(Texto(nota, "ChaveNFSe").size(), semChave ? 0U : 45U);
   ASSERT_EQ(nota.at("ListaServico").size(), 1U);
   ConfereImpostos(esperada, nota.at("ListaServico")[0]);
-  Dinheiro(nota.at("ListaServico")[0], "ValorTotal", Texto(esperada, "vServ"));
 }
 
 }  // namespace
@@ -115,29 +114,11 @@ TEST_F(NotaDeServicoTeste, CadaElementoEmSeuCampo) {
   const auto notas = Registros("-", kNota);
   ASSERT_EQ(notas.size(), 1U) << _importacao.Erros;
   EXPECT_EQ(_importacao.Status, 0) << _importacao.Erros;
-  const Json& nota = notas[0];
-  EXPECT_EQ(nota.at("ChaveNFSe"), "355030822526104930001850000000000271260351820");
-  EXPECT_EQ(nota.at("EstadoOrigem"), "SP");
-  EXPECT_EQ(nota.at("EstadoDestino"), "PR");
-  EXPECT_EQ(nota.at("ValorLiquidoServicos"), "11800.00");
-  EXPECT_EQ(nota.at("ObservacaoGeral"), "Pagar até 15/04/2026 por boleto.");
-  EXPECT_EQ(nota.at("ObservacaoFisco"), "Nota de exemplo, sem valor fiscal.");
-  EXPECT_EQ(nota.at("ListaReferidas")[0].at("NumeroNotaFiscalOrigem"), "269");
-  const Json& item = nota.at("ListaServico")[0];
-  EXPECT_EQ(item.at("Quantidade"), "1.00");
-  EXPECT_EQ(item.at("ValorUnitarioV8"), "12000.00");
-  EXPECT_EQ(item.at("ValorDescontoTotal"), "200.00");
-  EXPECT_EQ(item.at("ValorLiquido"), "11800.00");
-  EXPECT_EQ(item.at("ValorINSS"), "1320.00");
-  EXPECT_TRUE(Contem(item.at("ComplementoServico"), "março de 2026, 2 postos"));
-  ASSERT_EQ(item.at("ListaImposto").size(), 4U);
-  const Json& deducao = item.at("ListaImposto")[0].at("ListaDeducao")[0];
-  EXPECT_EQ(deducao.at("Valor"), "800.00");
-  EXPECT_EQ(deducao.at("Descricao"), "3391");
-
+  const std::string esperado = LeArquivo(KX_RAIZ "/tests/dados/nota_de_servico.jsonl");
+  EXPECT_EQ(notas[0].dump() + "\n", esperado);
   const std::string chave = "35503082252610493000185000000000027126035182046370";
   const std::string acervo = (_pasta / "notas.db").string();
-  EXPECT_EQ(Executa({"mostra", "--chave", chave, "--json", acervo}).Saida, nota.dump() + "\n");
+  EXPECT_EQ(Executa({"mostra", "--chave", chave, "--json", acervo}).Saida, esperado);
 }
 
 TEST_F(NotaDeServicoTeste, RetencoesDoPrimeiroLeiaute) {
@@ -153,6 +134,7 @@ TEST_F(NotaDeServicoTeste, RetencoesDoPrimeiroLeiaute) {
 }
 
 TEST_F(NotaDeServicoTeste, OQueOCompradorDeveSaber) {
+  const std::string longo = "<nDocFisc>" + std::string(202, '9');
   const struct {
     const char* Velho;
     const char* Novo;
@@ -164,12 +146,7 @@ TEST_F(NotaDeServicoTeste, OQueOCompradorDeveSaber) {
       {"<vISSQN>550", "<vISSQN>551", "550,00 ≠"},
       {"<vIBSTot>", "<vIBSTot>1", "não guardado: IBS 111,25 e CBS 101,25"},
       {"<tpRetISSQN>2", "<tpRetISSQN>3", "550,00  ISS\n"},
-      {"<nDocFisc>3391",
-       "<nDocFisc>33913391339133913391339133913391339133913391339133913391339133"
-       "9133913391339133913391339133913391339133913391339133913391339133913391339"
-       "13391339133913391339133913391339133913391339133913391339133913391339133913"
-       "39133913391",
-       "cortado: Descricao"},
+      {"<nDocFisc>3391", longo.c_str(), "cortado: Descricao"},
   };
   for (const auto& caso : casos) {
     const Execucao e = Executa({"importa", "-"}, Troca(kNota, caso.Velho, caso.Novo));

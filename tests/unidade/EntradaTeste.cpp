@@ -159,17 +159,6 @@ TEST(Entrada, FamiliaDaColecao) {
   EXPECT_TRUE(entrada.GetProduto(0) == antes.GetProduto(1));
 }
 
-TEST(Entrada, ListaDeMaisDe65535DaAVolta) {
-  Entrada entrada;
-  for (int i = 0; i < 65536 + 2; ++i) {
-    entrada.AdicionaAssociacaoREOC(REG_KXDMC{{}, static_cast<std::uint32_t>(i)});
-  }
-  apoio::RegistroEscrito<tagREG_ENTRADAPS> escrito;
-  entrada.CopiarPara(&escrito.Reg);
-  EXPECT_EQ(escrito.Reg.QtdAssociacaoREOC, 2);
-  EXPECT_EQ(escrito.Reg.ListaAssociacaoREOC[1].Ordem.Contador, 1U);
-}
-
 TEST(ItemProduto, QuantidadeEValorReais) {
   Produto item;
   item.SetQuantidade(Dinheiro(10)).SetValorTotal(Dinheiro(20));
@@ -229,14 +218,6 @@ TEST(EntradaEstoque, DadosDoLoteSaoEstesEMaisNenhum) {
     confere(campo.Nome, Linha().CopiarDe(&registro));
   }
   EXPECT_EQ(achados, doLote);
-}
-
-TEST(EntradaEstoque, BytesDeReservaDoTextoNaoViajam) {
-  _REG_ENTRADA_ESTOQUE_ENTRADAPS registro{};
-  std::memset(reinterpret_cast<unsigned char*>(&registro) + 16, 0xEE, 8);
-  CKXDadosCM_REEntradaEstoque linha;
-  linha.CopiarDe(&registro);
-  EXPECT_TRUE(linha.EstaVazio());
 }
 
 TEST(Composicao, FormaDoEstoqueTemZeroNoResto) {
