@@ -187,6 +187,16 @@ TEST_F(AcervoTeste, CadaByteMudadoEDito) {
         ("UPDATE documento SET " + coluna + " = (SELECT " + coluna + " FROM antes)").c_str());
   }
   EXPECT_EQ(kxdados::ConfereAcervo(_acervo), 0);
+  for (const char* muda :
+       {"UPDATE documento SET total = total + 0.4", "DROP VIEW documento_reais"}) {
+    banco.Executa(muda);
+    EXPECT_EQ(kxdados::ConfereAcervo(_acervo), 1) << muda;
+    banco.Executa("UPDATE documento SET total = (SELECT total FROM antes)");
+  }
+  banco.Executa("UPDATE documento SET tamanho = 1 << 30");
+  const Execucao execucao = Executa({"compara", _acervo, _acervo});
+  EXPECT_EQ(execucao.Status, 2);
+  EXPECT_TRUE(Contem(execucao.Erros, "tagREG_ENTRADAPS 3")) << execucao.Erros;
 }
 
 TEST_F(AcervoTeste, OQueNaoEAcervo) {
@@ -198,7 +208,10 @@ TEST_F(AcervoTeste, OQueNaoEAcervo) {
   Muda(deOutro, "PRAGMA application_id = 1");
   const std::string novo = Escreve("novo.db", bytes);
   Muda(novo, "PRAGMA user_version = 99");
-  for (const std::string& ruim : {cortado, deOutro, novo, Escreve("nota.db", "<NFe/>")}) {
+  const std::string vazioDeOutro = Escreve("vazioDeOutro.db", "");
+  Muda(vazioDeOutro, "PRAGMA application_id = 1; PRAGMA user_version = 7");
+  for (const std::string& ruim :
+       {cortado, deOutro, novo, vazioDeOutro, Escreve("nota.db", "<NFe/>")}) {
     const std::string antes = LeArquivo(ruim);
     for (const auto& argumentos : std::vector<std::vector<std::string>>{
              {"confere", ruim}, {"importa", "--grava", ruim, nota}, {"mostra", ruim}}) {
@@ -211,6 +224,7 @@ TEST_F(AcervoTeste, OQueNaoEAcervo) {
   EXPECT_EQ(Executa({"confere", _outro}).Status, 1);
   EXPECT_FALSE(fs::exists(_outro));
   EXPECT_EQ(Executa({"importa", "--grava", Escreve("vazio.db", ""), nota}).Status, 0);
+  for (const char* nenhum : {"", ":memory:"}) EXPECT_EQ(Executa({"grava", nenhum}).Status, 2);
 }
 
 }  // namespace

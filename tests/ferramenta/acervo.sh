@@ -37,16 +37,24 @@ FIM
 quantos() { sqlite3 "$1" 'SELECT count(*) FROM documento'; }
 
 # What was committed stays whole, and the next run goes on from there.
+# Killed at any moment of a whole import, from nothing every fifth time.
 caso_morto() {
-  local antes=0 agora processo
+  local antes=0 agora processo inicio duracao
   notas 1500
-  for _ in {1..50}; do
+  inicio=$(date +%s%N)
+  importa inteiro.db notas >/dev/null
+  duracao=$((($(date +%s%N) - inicio) / 1000000))
+  for vez in {0..49}; do
+    if ((vez % 5 == 0)); then
+      rm -f compras.db*
+      antes=0
+    fi
     "$KXDADOS" importa --grava compras.db notas >/dev/null 2>&1 &
     processo=$!
-    sleep "0.$(printf %03d $((RANDOM % 400)))"
+    sleep "$(awk -v ms="$duracao" -v r="$RANDOM" 'BEGIN { print ms * r / 32768000 }')"
     kill -KILL "$processo" 2>/dev/null || true
     wait "$processo" 2>/dev/null || true
-    [[ -s compras.db ]] || continue
+    [[ -s compras.db && $(sqlite3 compras.db 'PRAGMA application_id') != 0 ]] || continue
     "$KXDADOS" confere compras.db >confere.txt 2>&1 || falha "$(<confere.txt)"
     agora=$(quantos compras.db)
     ((agora >= antes)) || falha "lost: $antes, then $agora"
@@ -71,10 +79,20 @@ caso_interrompido() {
 caso_cheio() {
   notas 1500
   importa compras.db notas/000*.xml >/dev/null
-  (trap '' XFSZ && ulimit -f 200 && importa compras.db notas >saida.txt 2>erros.txt) && falha "exit 0"
+  (ulimit -f 200 && importa compras.db notas >saida.txt 2>erros.txt) && falha "exit 0"
   [[ $(wc -l <erros.txt) == 1 ]] || falha "$(<erros.txt)"
   (($(quantos compras.db) >= 100)) || falha "lost what was committed"
   "$KXDADOS" confere compras.db
+}
+
+# A document is booked within some seconds though no other follows it.
+caso_espera() {
+  notas 1
+  importa um.db notas >/dev/null
+  ("$KXDADOS" mostra --json um.db && sleep 5) | "$KXDADOS" grava compras.db >/dev/null &
+  sleep 3
+  [[ $(quantos compras.db) == 1 ]] || falha "still waiting"
+  wait
 }
 
 caso_dois() {

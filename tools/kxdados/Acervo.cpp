@@ -63,7 +63,8 @@ bool TemEsquema(Banco& banco) {
     }
     return true;
   }
-  if (banco.Numero("SELECT count(*) FROM sqlite_master") != 0) {
+  if (banco.Numero("PRAGMA application_id") != 0 || Versao(banco) != 0 ||
+      banco.Numero("SELECT count(*) FROM sqlite_master") != 0) {
     throw Recusado("é um banco de dados de outro programa");
   }
   return false;
@@ -80,6 +81,7 @@ bool ConfereDono(Banco& banco) {
 // Two programs may do it at the same time; whoever comes second finds it done.
 void Migra(Banco& banco) {
   banco.Executa("BEGIN IMMEDIATE");
+  TemEsquema(banco);
   for (auto i = static_cast<std::size_t>(Versao(banco)); i < kMigracoes.size(); ++i) {
     banco.Executa(kMigracoes[i]);
   }
@@ -125,6 +127,8 @@ std::vector<std::byte> Recupera(std::span<const std::byte> guardado, std::int64_
   constexpr std::int64_t kMaximo = std::int64_t{1} << 30;
   const Falha danificada("imagem", "está danificada");
   if (tamanho < 0 || tamanho > kMaximo) throw danificada;
+  const auto dito = ZSTD_getFrameContentSize(guardado.data(), guardado.size());
+  if (dito != static_cast<std::uint64_t>(tamanho)) throw danificada;  // before there is room for it
   std::vector<std::byte> imagem(static_cast<std::size_t>(tamanho));
   const std::size_t lidos =
       ZSTD_decompress(imagem.data(), imagem.size(), guardado.data(), guardado.size());
@@ -170,21 +174,23 @@ class FonteDoAcervo : public Fonte {
   FonteDoAcervo(const std::string& caminho, const Filtro& filtro)
       : _banco(AbreAcervo(caminho)),
         _filtro(filtro),
-        _linhas(_banco, Consulta(kColunasDaImagem) + " ORDER BY id") {
+        _linhas(_banco, Consulta(std::string(kColunasDaImagem) + ", id, coalesce(chave, '')") +
+                            " ORDER BY id") {
     LigaFiltro(_linhas);
   }
 
   std::optional<Lido> Proximo() override {
+    constexpr int kId = 4;
     if (!_linhas.Passo()) return {};
-    _imagem = ImagemDaLinha(_linhas, 0);
-    return AbreLido(_imagem, true);
-  }
-
-  std::optional<std::int64_t> Quantos() override {
-    Instrucao conta(_banco, Consulta("count(*)"));
-    LigaFiltro(conta);
-    conta.Passo();
-    return conta.Inteiro(0);
+    try {
+      _imagem = ImagemDaLinha(_linhas, 0);
+      return AbreLido(_imagem, true);
+    } catch (const Falha& falha) {
+      const std::string chave(_linhas.Texto(kId + 1));
+      throw Falha("documento " + std::to_string(_linhas.Inteiro(kId)) +
+                      (chave.empty() ? "" : " (" + chave + ")") + ": " + falha.Elemento(),
+                  falha.what());
+    }
   }
 
  private:
@@ -229,10 +235,9 @@ Banco AbreAcervo(const std::string& caminho) try {
 
 Banco AbreOuCriaAcervo(const std::string& caminho) {
   Banco banco(caminho, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  if (!ConfereDono(banco) || Versao(banco) < static_cast<std::int64_t>(kMigracoes.size())) {
-    LigaWAL(banco);
-    Migra(banco);
-  }
+  const bool tem = ConfereDono(banco);
+  LigaWAL(banco);
+  if (!tem || Versao(banco) < static_cast<std::int64_t>(kMigracoes.size())) Migra(banco);
   banco.Executa("PRAGMA synchronous = FULL");
   return banco;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <iostream>
+#include <new>
 
 #include "Acervo.h"
 #include "Arquivo.h"
@@ -26,6 +27,14 @@ Banco Acervo(const std::string& caminho, const Filtro& filtro) {
   return std::move(gravador).Entrega();
 }
 
+// What is wrong with a document, and in which file.
+class FalhaDoDocumento : public Falha {
+ public:
+  FalhaDoDocumento(std::string origem, const std::string& documento, const Falha& falha)
+      : Falha(documento + ": " + falha.Elemento(), falha.what()), Origem(std::move(origem)) {}
+  const std::string Origem;
+};
+
 // One of the two files: its documents in the order of what they are called.
 class Lado {
  public:
@@ -42,7 +51,7 @@ class Lado {
     if (!filtro.Chave.empty()) _lista.Liga(1, filtro.Chave);
     if (!filtro.Numero.empty()) _lista.Liga(2, filtro.Numero);
     Quantos = Conta();
-    if (Quantos == 0) throw Falha("documento", "não há nenhum");
+    if (Quantos == 0 && !filtro.Vazio()) throw Falha("documento", "não há nenhum");
     Avanca();
   }
 
@@ -63,8 +72,12 @@ class Lado {
   Lido Abre() {
     _imagem.Recomeca();
     if (!_imagem.Liga(1, _id).Passo()) throw Falha(_nome, "foi retirado do acervo");
-    _bytes = ImagemDaLinha(_imagem, 0);
-    return AbreLido(_bytes, true);
+    try {
+      _bytes = ImagemDaLinha(_imagem, 0);
+      return AbreLido(_bytes, true);
+    } catch (const Falha& falha) {
+      throw FalhaDoDocumento(Origem, _nome, falha);
+    }
   }
 
  private:
@@ -166,10 +179,16 @@ int Compara(const OpcoesCompara& opcoes) {
     origem = NomeDe(opcoes.Caminhos.back());
     Lado depois(opcoes.Caminhos.back(), {Dito(opcoes.Chaves, 1), Dito(opcoes.Numeros, 1)});
     return Comparacao(antes, depois, opcoes.Json).Executa() ? 0 : 1;
+  } catch (const FalhaDoDocumento& falha) {
+    EscreveErro(falha.Origem, falha);
   } catch (const Falha& falha) {
     EscreveErro(origem, falha);
   } catch (const FalhaDoBanco& falha) {
     EscreveErro(origem, Falha("acervo", falha.what()));
+  } catch (const std::bad_alloc&) {
+    EscreveErro(origem, Falha("", "memória insuficiente"));
+  } catch (const std::exception& erro) {
+    EscreveErro(origem, Falha("erro interno", erro.what()));
   }
   return kImpossivel;
 }

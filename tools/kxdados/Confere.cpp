@@ -31,7 +31,11 @@ std::string Consulta() {
   return std::string(
              "SELECT id, registro, chave, numero, serie, emissao, emitente, total, checksum, "
              "leiaute, ") +
-         kColunasDaImagem + " FROM documento ORDER BY id";
+         kColunasDaImagem +
+         ", typeof(registro) = 'text' AND typeof(total) IN ('integer', 'null')"
+         " AND typeof(chave) IN ('text', 'null') AND typeof(numero) IN ('text', 'null')"
+         " AND typeof(serie) IN ('text', 'null') AND typeof(emissao) IN ('text', 'null')"
+         " AND typeof(emitente) IN ('text', 'null') FROM documento ORDER BY id";
 }
 
 Resumo ResumoDaLinha(const Instrucao& linha) {
@@ -42,6 +46,7 @@ Resumo ResumoDaLinha(const Instrucao& linha) {
 // Throws Falha where the row says something else than its image.
 void ConfereLinha(const Instrucao& linha) {
   constexpr int kTamanho = Guardada + 1;
+  constexpr int kTipos = Guardada + 4;
   const std::vector<std::byte> guardada = ImagemDaLinha(linha, Guardada);
   std::vector<std::byte> aberta = guardada;
   const Lido lido = AbreLido(aberta, true);
@@ -52,7 +57,7 @@ void ConfereLinha(const Instrucao& linha) {
   exige(linha.Inteiro(Checksum) == std::int64_t{ChecksumDe(guardada)}, "checksum");
   exige(linha.Texto(Leiaute) == TextoDoLeiaute(LeiauteDe(*lido.Info).GetImpressao()), "leiaute");
   exige(linha.Inteiro(kTamanho) == static_cast<std::int64_t>(guardada.size()), "tamanho");
-  exige(ResumoDaLinha(linha) == ResumoDe(*lido.Info, lido.Registro),
+  exige(linha.Inteiro(kTipos) != 0 && ResumoDaLinha(linha) == ResumoDe(*lido.Info, lido.Registro),
         "chave, numero, serie, emissao, emitente ou total");
   if (ImagemDe(lido) != guardada) throw Falha("imagem", "não é a que o registro dá de novo");
 }
@@ -62,8 +67,25 @@ std::string NomeDaLinha(const std::string& caminho, const Instrucao& linha) {
          (linha.TalvezTexto(Chave) ? " (" + std::string(linha.Texto(Chave)) + ")" : std::string());
 }
 
-bool ConfereBanco(const std::string& caminho, Banco& banco) {
+// Whether all that a new archive has is there; more may be.
+bool ConfereEsquema(const std::string& caminho, Banco& banco) {
   bool certo = true;
+  Banco novo = AbreOuCriaAcervo("");
+  Instrucao esperado(novo, "SELECT name, sql FROM sqlite_master");
+  Instrucao achado(banco, "SELECT 1 FROM sqlite_master WHERE name = ?1 AND sql = ?2");
+  while (esperado.Passo()) {
+    achado.Recomeca();
+    achado.Liga(1, esperado.Texto(0)).Liga(2, esperado.Texto(1));
+    if (achado.Passo()) continue;
+    EscreveErro(caminho,
+                Falha("banco de dados", "falta, ou é outro: " + std::string(esperado.Texto(0))));
+    certo = false;
+  }
+  return certo;
+}
+
+bool ConfereBanco(const std::string& caminho, Banco& banco) {
+  bool certo = ConfereEsquema(caminho, banco);
   Instrucao verificacao(banco, "PRAGMA integrity_check");
   while (verificacao.Passo()) {
     const std::string dito(verificacao.Texto(0));

@@ -38,9 +38,6 @@ class Fonte {
   // The next one, which lives until the call after this one; none behind the last one. Throws Falha
   // about one document, after which the next call goes on, and FalhaDoBanco, which ends it.
   virtual std::optional<Lido> Proximo() = 0;
-
-  // How many there are in all, where that is known.
-  virtual std::optional<std::int64_t> Quantos() { return {}; }
 };
 
 // Opens an archive or a file of images, "-" for images on the standard input; that a file is an

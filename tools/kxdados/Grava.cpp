@@ -14,14 +14,16 @@ constexpr std::uint64_t kMaximoMiB = 256;
 
 // Each line of the standard input; whether all were taken.
 bool GravaLinhas(Destino& destino) {
+  constexpr std::chrono::seconds kPausa(1);
   bool todas = true;
   Progresso progresso;
   std::string linha;
   for (std::uint64_t numero = 1; !Interrupcao::Pedida(); ++numero) {
     const std::string origem = std::string(kEntradaPadrao) + ": linha " + std::to_string(numero);
     try {
+      if (EntradaEspera(kPausa)) destino.GravaPendentes();
       if (!LeLinha(std::cin, kMaximoMiB, linha)) break;
-      if (linha.empty()) continue;
+      if (linha.find_first_not_of(" \t\r") == std::string::npos) continue;
       const RegistroLido lido = RegistroDeJson(linha);
       destino.Grava({&lido.Info(), lido.Registro()}, origem);
       progresso.Avanca();

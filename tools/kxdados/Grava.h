@@ -19,6 +19,8 @@ class Destino {
   explicit Destino(const OpcoesGrava& opcoes);
 
   void Grava(const Lido& lido, const std::string& origem) { _gravador.Grava(lido, origem); }
+  // Books what waits for more to come.
+  void GravaPendentes() { _gravador.Conclui(); }
   // Books what is left, and tells of all. Whether none was refused.
   bool Conclui();
   // Tells that the archive failed, and of what had been booked before.

@@ -158,17 +158,20 @@ class Importacao {
     std::optional<Interrupcao> interrupcao;
     if (_destino) interrupcao.emplace();
     try {
-      Progresso progresso(static_cast<std::int64_t>(_arquivos.size()));
+      // Reports go on while they are written: only bookings need to be told of.
+      std::optional<Progresso> progresso;
+      if (_destino) progresso.emplace(static_cast<std::int64_t>(_arquivos.size()));
       for (const auto& [caminho, daPasta] : _arquivos) {
         if (Interrupcao::Pedida()) break;
         daPasta ? ArquivoDaPasta(caminho) : Arquivo(caminho);
-        progresso.Avanca();
+        if (progresso) progresso->Avanca();
       }
+      progresso.reset();
+      if (_destino && !_destino->Conclui()) _falhou = true;
     } catch (const FalhaDoBanco& falha) {
       _destino->Falhou(falha);
       return 1;
     }
-    if (_destino && !_destino->Conclui()) _falhou = true;
     return _falhou || Interrupcao::Pedida() ? 1 : 0;
   }
 

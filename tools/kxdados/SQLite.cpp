@@ -24,7 +24,7 @@ std::string Motivo(int codigo, const char* detalhe) {
     case SQLITE_CORRUPT:
       return "está danificado";
     case SQLITE_IOERR:
-      return "não pode ser lido ou gravado";
+      return "não pode ser lido ou gravado (um limite de tamanho, ou um defeito do disco)";
     default:
       return std::string("erro do banco de dados: ") + detalhe;
   }
@@ -62,10 +62,6 @@ std::int64_t Banco::Numero(const char* sql) {
   instrucao.Passo();
   return instrucao.Inteiro(0);
 }
-
-int Banco::Alteradas() const noexcept { return sqlite3_changes(Alca()); }
-
-std::int64_t Banco::UltimaLinha() const noexcept { return sqlite3_last_insert_rowid(Alca()); }
 
 bool Banco::ForaDeTransacao() const noexcept { return sqlite3_get_autocommit(Alca()) != 0; }
 

@@ -37,8 +37,6 @@ class Banco {
   // The one number that a statement yields.
   std::int64_t Numero(const char* sql);
   // Rows that the last statement changed.
-  int Alteradas() const noexcept;
-  std::int64_t UltimaLinha() const noexcept;
   // Whether no transaction is open: some errors end it.
   bool ForaDeTransacao() const noexcept;
   sqlite3* Alca() const noexcept { return _banco.get(); }

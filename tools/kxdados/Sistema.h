@@ -2,6 +2,7 @@
 // every text is UTF-8, names of files too.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -17,6 +18,10 @@ bool EntradaEhTerminal();
 
 // Whether the standard error is.
 bool ErroEhTerminal();
+
+// Whether the standard input brings nothing for so long, though it has not ended. On Windows, where
+// pipes cannot be asked, it never seems so.
+bool EntradaEspera(std::chrono::milliseconds quanto);
 
 // For as long as it lives, Ctrl-C does not end the program but asks it to end, and ends the
 // standard input. Asked a second time the program ends at once.

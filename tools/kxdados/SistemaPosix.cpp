@@ -1,3 +1,4 @@
+#include <poll.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -30,6 +31,12 @@ bool EntradaEhTerminal() { return isatty(STDIN_FILENO) != 0; }
 
 bool ErroEhTerminal() { return isatty(STDERR_FILENO) != 0; }
 
+bool EntradaEspera(std::chrono::milliseconds quanto) {
+  if (std::cin.rdbuf()->in_avail() > 0) return false;
+  pollfd entrada{STDIN_FILENO, POLLIN, 0};
+  return poll(&entrada, 1, static_cast<int>(quanto.count())) == 0;
+}
+
 Interrupcao::Interrupcao() {
   struct sigaction acao = {};
   acao.sa_handler = &Interrompe;  // without SA_RESTART
@@ -40,7 +47,10 @@ Interrupcao::~Interrupcao() { std::signal(SIGINT, SIG_DFL); }
 
 bool Interrupcao::Pedida() noexcept { return pedida != 0; }
 
-FluxosPadrao::FluxosPadrao() { std::ios::sync_with_stdio(false); }
+FluxosPadrao::FluxosPadrao() {
+  std::ios::sync_with_stdio(false);
+  std::signal(SIGXFSZ, SIG_IGN);  // a file too large for its limit is an error of the write
+}
 FluxosPadrao::~FluxosPadrao() = default;
 
 }  // namespace kxdados

@@ -47,6 +47,8 @@ bool EntradaEhTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
 bool ErroEhTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
+bool EntradaEspera(std::chrono::milliseconds /*quanto*/) { return false; }
+
 Interrupcao::Interrupcao() { SetConsoleCtrlHandler(&Interrompe, TRUE); }
 
 Interrupcao::~Interrupcao() { SetConsoleCtrlHandler(&Interrompe, FALSE); }

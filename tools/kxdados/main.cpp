@@ -41,6 +41,15 @@ CLI::Validator NumeroAte(std::uint64_t maximo) {
   return {confere, ""};
 }
 
+// What SQLite would take for a database that ends with the program.
+CLI::Validator ArquivoQueFica() {
+  const auto confere = [](const std::string& texto) -> std::string {
+    if (!texto.empty() && texto != ":memory:") return {};
+    return "não é o nome de um arquivo: \"" + texto + '"';
+  };
+  return {confere, ""};
+}
+
 void Traduz(CLI::App& app) {
   app.set_help_flag("-h,--help,--ajuda", "Mostra esta ajuda e termina")->group("Opções");
   app.option_defaults()->group("Opções");
@@ -87,6 +96,7 @@ CLI::App* MontaImporta(CLI::App& app, kxdados::OpcoesImporta& opcoes, Digitados&
   comando
       ->add_option("--grava", opcoes.Grava.Acervo,
                    "Em vez de relatar, grava os documentos no acervo, que é criado se não existe")
+      ->check(ArquivoQueFica())
       ->type_name("ACERVO");
   PoeSubstitui(*comando, opcoes.Grava.Substitui);
   const auto chaves = kxdados::OpcoesChave();
@@ -169,6 +179,7 @@ CLI::App* MontaGrava(CLI::App& app, kxdados::OpcoesGrava& opcoes) {
               "Um documento por linha, como mostra --json os escreve. Termina com 1 se algum foi\n"
               "recusado; os demais são gravados.");
   comando->add_option("ACERVO", opcoes.Acervo, "Arquivo do acervo; se não existe, é criado")
+      ->check(ArquivoQueFica())
       ->type_name("")
       ->required();
   PoeSubstitui(*comando, opcoes.Substitui);
@@ -226,7 +237,8 @@ int ExecutaMostra(const kxdados::OpcoesMostra& opcoes) {
 
 int ExecutaCompara(const kxdados::OpcoesCompara& opcoes) {
   if (opcoes.Caminhos.size() == 2 || opcoes.Chaves.size() == 2 || opcoes.Numeros.size() == 2) {
-    return kxdados::Compara(opcoes);
+    const int status = kxdados::Compara(opcoes);
+    return std::cout.flush() ? status : kErroDeUso;
   }
   std::cerr << "kxdados: uso: falta o outro arquivo, ou a outra chave (veja kxdados --help)\n";
   return kErroDeUso;
